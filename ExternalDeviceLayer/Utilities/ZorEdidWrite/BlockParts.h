@@ -1,5 +1,5 @@
 // A block as lists of its parts, and the block that such lists make: what an edit adds, takes out or moves is an
-// element of a list. Private to this folder.
+// element of a list. Private to the library and the command.
 
 #pragma once
 

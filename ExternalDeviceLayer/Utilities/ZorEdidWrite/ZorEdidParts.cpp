@@ -883,10 +883,11 @@ void CPartsEdit::RemoveItemOf(CBlockParts& oBlock, const SPart& oPart)
     SPiece& oPiece = aoDataBlocks[oPart.m_uiPlace];
     const bool bDisplayId = oBlock.GetKind() == eBlock_DisplayId;
     const SItems oItems = FindItems(oPiece.m_aui8Bytes, oPiece.m_uiSize, bDisplayId);
-    const unsigned int uiRead =
-        FindPiece(GetBlock(m_aui8Before, oPart.m_uiBlock), false, eList_DataBlocks, oPart.m_uiPlace).m_uiSize;
     if (oPart.m_eKind == SPart::eKind_Piece || oItems.Count(oPiece) <= 1)
     {
+        // As it was read: items of it may have gone before.
+        const unsigned int uiRead =
+            FindPiece(GetBlock(m_aui8Before, oPart.m_uiBlock), false, eList_DataBlocks, oPart.m_uiPlace).m_uiSize;
         m_oNamed.m_aoBefore.Add(GetRange(oPart.m_uiBlock, oPiece.m_uiOffset, uiRead));
         RemovePiece(aoDataBlocks, oPart.m_uiPlace);
         return;

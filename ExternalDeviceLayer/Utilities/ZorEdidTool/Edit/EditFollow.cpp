@@ -70,18 +70,23 @@ void NoteStill(CFieldEdits& oFields, unsigned int uiField, const std::string& sW
     oFields.Note("DisplayID still says " + static_cast<std::string>(oFields.GetMap().GetValue(uiField)) + ": " + sWhy);
 }
 
+// One that cannot be set has a note of what it still says.
+void SetOrNote(CFieldEdits& oFields, unsigned int uiField, const CFieldEdits::SValue& oValue, unsigned int uiNumber)
+{
+    if (const std::string sProblem = oFields.Set(oValue.m_eId, oValue.m_sValue, uiNumber); !sProblem.empty())
+    {
+        NoteStill(oFields, uiField, sProblem);
+    }
+}
+
 void FollowField(CFieldEdits& oFields, const CFieldEdits::SValue& oValue, unsigned int uiNumber)
 {
     const CZorEdidMap& oMap = oFields.GetMap();
     const unsigned int uiField = oMap.FindField(oValue.m_eId, uiNumber);
-    if (uiField == CZorEdidMap::msc_uiNone || oMap.GetField(uiField).m_llNumber == 0 ||
-        oMap.GetValue(uiField) == "not given")
+    if (uiField != CZorEdidMap::msc_uiNone && oMap.GetField(uiField).m_llNumber != 0 &&
+        oMap.GetValue(uiField) != "not given")
     {
-        return;
-    }
-    if (const std::string sProblem = oFields.Set(oValue.m_eId, oValue.m_sValue, uiNumber); !sProblem.empty())
-    {
-        NoteStill(oFields, uiField, sProblem);
+        SetOrNote(oFields, uiField, oValue, uiNumber);
     }
 }
 
@@ -90,13 +95,9 @@ void FollowFlag(CFieldEdits& oFields, EZorEdidField eId, unsigned int uiNumber, 
 {
     const CZorEdidMap& oMap = oFields.GetMap();
     const unsigned int uiField = oMap.FindField(eId, uiNumber);
-    if (uiField == CZorEdidMap::msc_uiNone || (oMap.GetField(uiField).m_llNumber != 0) == bSet)
+    if (uiField != CZorEdidMap::msc_uiNone && (oMap.GetField(uiField).m_llNumber != 0) != bSet)
     {
-        return;
-    }
-    if (const std::string sProblem = oFields.Set(eId, bSet ? "raw:1" : "raw:0", uiNumber); !sProblem.empty())
-    {
-        NoteStill(oFields, uiField, sProblem);
+        SetOrNote(oFields, uiField, { eId, bSet ? "raw:1" : "raw:0" }, uiNumber);
     }
 }
 
@@ -137,7 +138,7 @@ void FollowLinkDepths(CFieldEdits& oFields, unsigned int uiBits)
         }
         return;
     }
-    const unsigned int uiDepths = (2U << (uiBits - uiLeast) / 2) - 1; // all up to it
+    const unsigned int uiDepths = ZorWrite::GetDepthsTo(uiBits) >> 1; // without 6 bits
     FollowDepths(oFields, gsc_aeRgbDepths, uiDepths);
     FollowDepths(oFields, gsc_ae444Depths, uiDepths);
     FollowDepths(oFields, gsc_ae422Depths, uiDepths);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "BlockParts.h"
 #include "EdidUtils.h"
 #include "LoadedImage.h"
 #include "MapText.h"
@@ -277,10 +278,7 @@ void CEditImage::RepairChecksums()
         {
             continue;
         }
-        unsigned char* pui8Block = oBlock.m_aui8Bytes.data();
-        ZorStandards::ForEachSum(pui8Block, [pui8Block](unsigned int uiOffset, unsigned int uiSize) {
-            CEdidUtils::StoreChecksum(uiSize, pui8Block + uiOffset);
-        });
+        ZorWrite::StoreBlockChecksums(oBlock.m_aui8Bytes.data());
     }
 }
 

@@ -289,34 +289,35 @@ std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)
     return ParseNumber(sText, uiNumber) ? "" : "'" + sText + "' is not a number from 0 to 4294967295";
 }
 
-// What DisplayID says of these, too, is set after the other bytes.
+// What DisplayID says of an edit, too, is set or noted after the other bytes, and refuses nothing.
+template <class FOLLOW>
+CNamedEdit Follow(FOLLOW fnFollow)
+{
+    return [fnFollow](CFieldEdits& oFields) {
+        fnFollow(oFields);
+        return std::string();
+    };
+}
+
 std::string ParseSerial(const std::string& sText, SEdit& oEdit)
 {
     std::string sProblem = ParsePlainNumber(sText, oEdit.m_uiNumber);
-    oEdit.m_fnNamed = [uiSerial = oEdit.m_uiNumber](CFieldEdits& oFields) {
-        FollowSerial(oFields, uiSerial);
-        return std::string();
-    };
+    oEdit.m_fnNamed = Follow([uiSerial = oEdit.m_uiNumber](CFieldEdits& oFields) { FollowSerial(oFields, uiSerial); });
     return sProblem;
 }
 
 std::string ParseColorDepth(const std::string& sText, SEdit& oEdit)
 {
     const bool bKnown = FindValue(gsc_aoColorDepths, sText, oEdit.m_uiNumber);
-    oEdit.m_fnNamed = [uiDepth = oEdit.m_uiNumber](CFieldEdits& oFields) {
-        FollowColorDepth(oFields, ZorStandards::BaseBlock::GetBitsPerColor(uiDepth));
-        return std::string();
-    };
+    oEdit.m_fnNamed = Follow([uiBits = ZorStandards::BaseBlock::GetBitsPerColor(oEdit.m_uiNumber)](
+                                 CFieldEdits& oFields) { FollowColorDepth(oFields, uiBits); });
     return bKnown ? "" : RefuseName(sText, gsc_aoColorDepths);
 }
 
 std::string ParseDeepColor(const std::string& sText, SEdit& oEdit)
 {
     std::string sProblem = ParseBitsOrNone(gsc_aoDeepColors, sText, ",+", oEdit.m_uiNumber);
-    oEdit.m_fnNamed = [uiBits = oEdit.m_uiNumber](CFieldEdits& oFields) {
-        FollowDeepColor(oFields, uiBits);
-        return std::string();
-    };
+    oEdit.m_fnNamed = Follow([uiBits = oEdit.m_uiNumber](CFieldEdits& oFields) { FollowDeepColor(oFields, uiBits); });
     return sProblem;
 }
 
@@ -445,20 +446,14 @@ std::string ParseEdit(const SEditOption& oOption, const std::string& sValue, SEd
     case eEdit_RemoveCode:
         return ParseRemoval(sValue, oEdit);
     case eEdit_Preferred:
-        oEdit.m_fnNamed = [](CFieldEdits& oFields) {
-            NoteOtherPreferred(oFields);
-            return std::string();
-        };
+        oEdit.m_fnNamed = Follow(NoteOtherPreferred);
         return ParseTiming(sValue, oEdit);
     case eEdit_ColorDepth:
         return ParseColorDepth(sValue, oEdit);
     case eEdit_DeepColor:
         return ParseDeepColor(sValue, oEdit);
     case eEdit_AudioAdd:
-        oEdit.m_fnNamed = [](CFieldEdits& oFields) {
-            FollowAudio(oFields);
-            return std::string();
-        };
+        oEdit.m_fnNamed = Follow(FollowAudio);
         return ParseAudio(sValue, oEdit.m_oAudio);
     case eEdit_AudioSet:
         return ParseAudioSet(sValue, oEdit);

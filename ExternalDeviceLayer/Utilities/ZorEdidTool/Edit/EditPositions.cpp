@@ -99,21 +99,21 @@ bool HasNewNative(const CZorEdidMap& oBefore, const CZorEdidMap& oAfter)
 
 std::string DoInPlace(CFieldEdits& oFields, const CNamedEdit& fnEdit)
 {
-    CFieldEdits oTrial(oFields.GetBytes());
-    if (!fnEdit(oTrial).empty())
+    CZorEdidMap oBefore;
+    oBefore.Read(oFields.GetMap().GetSize(), oFields.GetMap().GetData());
+    std::string sProblem = fnEdit(oFields);
+    if (!sProblem.empty())
     {
-        return fnEdit(oFields); // with the names of parts of the image that the user has
+        return sProblem;
     }
-    if (HasOtherTarget(oFields.GetMap(), oTrial.GetMap()))
+    if (HasOtherTarget(oBefore, oFields.GetMap()))
     {
         return gsc_szReferredByPosition;
     }
-    if (HasNewNative(oFields.GetMap(), oTrial.GetMap()))
-    {
-        return "the native timings of CTA-861 are counted, and another timing would be one of them; --set "
-               "cta.native-count changes their number";
-    }
-    return fnEdit(oFields);
+    return HasNewNative(oBefore, oFields.GetMap())
+               ? "the native timings of CTA-861 are counted, and another timing would be one of them; --set "
+                 "cta.native-count changes their number"
+               : "";
 }
 
 std::string RefuseWrongSum(const CFieldEdits& oFields, unsigned int uiOffset)

@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "BlockParts.h"
 #include "EdidUtils.h"
 #include "EditImage.h"
 #include "Findings.h"
@@ -491,10 +492,7 @@ void CFieldEdits::ClearBits(const CBits& aoBits)
     }
     for (const size_t uiBlock : oBlocks)
     {
-        unsigned char* pui8Block = aui8Image.data() + uiBlock;
-        ZorStandards::ForEachSum(pui8Block, [pui8Block](unsigned int uiOffset, unsigned int uiSize) {
-            CEdidUtils::StoreChecksum(uiSize, pui8Block + uiOffset);
-        });
+        ZorWrite::StoreBlockChecksums(aui8Image.data() + uiBlock);
     }
     const std::string sNames = NameSome(auiFields);
     Read(aui8Image);

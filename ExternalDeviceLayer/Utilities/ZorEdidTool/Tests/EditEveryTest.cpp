@@ -373,6 +373,22 @@ CRule DiffersInBytes(unsigned int uiMost)
     };
 }
 
+// What DisplayID says of an edit, too, follows in these bytes and the checksums of the section and of the block.
+void LetDisplayIdFollow(const CBytes& aui8Image, unsigned int uiBytes, CNamed& oNamed)
+{
+    constexpr unsigned int uiChecksums = 2;
+    for (size_t i = 1; i * gsc_uiBlockSize < aui8Image.size(); ++i)
+    {
+        for (const char* pszName : { "bytes ", "parts " })
+        {
+            if (aui8Image[i * gsc_uiBlockSize] == 0x70)
+            {
+                oNamed[pszName + std::to_string(i)] = DiffersInBytes(uiChecksums + uiBytes);
+            }
+        }
+    }
+}
+
 // The number of native timings, when one at this place goes.
 CRule LoweredAbove(unsigned int uiPlace)
 {
@@ -622,24 +638,13 @@ void TryOthers(const std::string& sImage, const CBytes& aui8Image, size_t uiBloc
             (*poNamed)["basic audio " + sBlock] = IsAny;
         }
         oSpeakers["speakers " + sBlock] = oNoSpeakers["speakers " + sBlock] = IsAny;
-        // What DisplayID says of it follows, too: depths of RGB and 4:4:4, and that there is audio.
-        constexpr unsigned int uiChecksums = 2; // of the section and of the block
-        for (const char* pszName : { "bytes ", "parts " })
-        {
-            const bool bDisplayId = i != 0 && aui8Image[i * gsc_uiBlockSize] == 0x70;
-            for (auto& [sValue, oNamed] : oDeep)
-            {
-                if (bDisplayId)
-                {
-                    oNamed[pszName + sBlock] = DiffersInBytes(uiChecksums + 2);
-                }
-            }
-            if (bDisplayId)
-            {
-                oAudioAdd[pszName + sBlock] = DiffersInBytes(uiChecksums + 1);
-            }
-        }
     }
+    // Depths of RGB and 4:4:4, and that there is audio.
+    for (auto& [sValue, oNamed] : oDeep)
+    {
+        LetDisplayIdFollow(aui8Image, 2, oNamed);
+    }
+    LetDisplayIdFollow(aui8Image, 1, oAudioAdd);
     for (const auto& [sValue, oNamed] : oDeep)
     {
         TryValues(sImage, aui8Image, eEdit_DeepColor, { sValue }, oNamed);
@@ -650,18 +655,8 @@ void TryOthers(const std::string& sImage, const CBytes& aui8Image, size_t uiBloc
     const unsigned char ui8Input = static_cast<unsigned char>((aui8Image[20] & 0x8F) | 0x40);
     CNamed oSerial = { { "serial", Becomes({ "04030201" }) } };
     CNamed oDepth = { { "input", Becomes({ Hex(&ui8Input, 1) }) } };
-    for (size_t i = 1; i * gsc_uiBlockSize < aui8Image.size(); ++i)
-    {
-        constexpr unsigned int uiChecksums = 2; // of the section and of the block
-        if (aui8Image[i * gsc_uiBlockSize] == 0x70)
-        {
-            for (const char* pszName : { "bytes ", "parts " })
-            {
-                oSerial[pszName + std::to_string(i)] = DiffersInBytes(uiChecksums + 4);
-                oDepth[pszName + std::to_string(i)] = DiffersInBytes(uiChecksums + 1);
-            }
-        }
-    }
+    LetDisplayIdFollow(aui8Image, 4, oSerial);
+    LetDisplayIdFollow(aui8Image, 1, oDepth);
     TryValues(sImage, aui8Image, eEdit_Serial, { "0x01020304" }, oSerial);
     TryValues(sImage, aui8Image, eEdit_ColorDepth, { "12" }, oDepth);
     CNamed oPreferred = { { "detailed 0", Replaced(0) },

@@ -14,6 +14,10 @@ namespace ZorCheck
 {
 namespace
 {
+// The list grows by a step of at least so many findings, and by one more for every so many bytes of the image.
+constexpr unsigned int gsc_uiLeastStep = 16;
+constexpr unsigned int gsc_uiBytesAFinding = 16;
+
 bool HasHeader(const CMap& oMap)
 {
     return oMap.GetSize() >= gsc_uiBlockSize && memcmp(oMap.GetData(), EDID_V1_HEADER, sizeof(EDID_V1_HEADER)) == 0;
@@ -49,7 +53,8 @@ using namespace ZorCheck;
 
 void CZorEdidCheck::Read(const CZorEdidMap& oMap, unsigned int uiThisYear)
 {
-    m_aoFindings.RemoveAll();
+    // A long damaged image has a finding in every few bytes, and the list is not moved at every few of them.
+    m_aoFindings.SetSize(0, static_cast<int>(gsc_uiLeastStep + oMap.GetSize() / gsc_uiBytesAFinding));
     CFindings oFindings(oMap, m_aoFindings);
     AddNotes(oFindings);
     if (HasHeader(oMap))
@@ -78,6 +83,7 @@ void CZorEdidCheck::Order(const CFindings& oFindings)
     }
     const SZorFinding* poFirst = m_aoFindings.GetData();
     CMArray<CKey, const CKey&> aoOrder;
+    aoOrder.SetSize(0, static_cast<int>(m_aoFindings.GetCount()) + 1);
     for (unsigned int i = 0; i < m_aoFindings.GetCount(); ++i)
     {
         const unsigned int* puiCauses = auiCauses.GetData();
@@ -89,9 +95,10 @@ void CZorEdidCheck::Order(const CFindings& oFindings)
     }
     std::sort(aoOrder.GetData(), aoOrder.GetData() + aoOrder.GetCount());
     CMArray<SZorFinding> aoOrdered;
+    aoOrdered.SetCount(aoOrder.GetCount(), -1);
     for (unsigned int i = 0; i < aoOrder.GetCount(); ++i)
     {
-        aoOrdered.Add(m_aoFindings[aoOrder[i].back()]);
+        aoOrdered[i] = m_aoFindings[aoOrder[i].back()];
     }
     m_aoFindings = aoOrdered;
 }

@@ -73,9 +73,10 @@ void CheckRangeLimits(CFindings& oFindings, const SRangeDescriptor& oDescriptor)
     oFindings.ForEachMode([&](const SZorImageMode& oEntry) {
         const bool bNoted =
             oEntry.m_oMode.m_eKind == SZorMode::eModeKind_Detailed && oEntry.m_uiOffset < gsc_uiBlockSize;
+        const unsigned int uiBreaches = bNoted ? 0 : FindBreaches(oEntry.m_oMode, oDescriptor.m_oLimits);
         for (unsigned int i = 0; i < eLimit_Count; ++i)
         {
-            if (!bNoted && IsBroken(static_cast<ELimit>(i), oEntry.m_oMode, oDescriptor.m_oLimits))
+            if ((uiBreaches & LimitBit(static_cast<ELimit>(i))) != 0)
             {
                 aoBreaches[i].Add(oEntry);
             }
@@ -210,42 +211,6 @@ SRangeDescriptor FindRangeLimits(const CFindings& oFindings)
                          : SRangeDescriptor{ uiOffset, ReadRangeLimits(pui8Base + uiOffset, ReadRevision(pui8Base)) };
 }
 
-bool IsBroken(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
-{
-    const unsigned long long ullWidth = oMode.m_oHorizontal.m_uiTotal;
-    if (!oMode.m_bTiming || ullWidth == 0)
-    {
-        return false;
-    }
-    const unsigned long long ullClock = oMode.m_ullClock / gsc_ullHzPerKiloHz;
-    const SZorMode::SRate& oRate = oMode.m_oRate;
-    const auto fnIsLineRate = [&](bool bBelow) {
-        return Descriptors::IsLineRateBeyond(oLimits, ullClock, oMode.m_oHorizontal.m_uiTotal) &&
-               (ullClock / ullWidth < oLimits.m_uiMinHorizontalRateInKiloHz) == bBelow;
-    };
-    const auto fnIsFieldRate = [&](bool bBelow) {
-        return Descriptors::IsFieldRateBeyond(oLimits, oRate.m_ullDividend, oRate.m_ullDivisor) &&
-               (oRate.m_ullDividend / oRate.m_ullDivisor < oLimits.m_uiMinVerticalRateInHz) == bBelow;
-    };
-    switch (eLimit)
-    {
-    case eLimit_Clock:
-        return Descriptors::IsPixelClockBeyond(oLimits, ullClock) &&
-               !Descriptors::IsPixelClockRounded(oLimits, ullClock);
-    case eLimit_LineRateBelow:
-    case eLimit_LineRateAbove:
-        return fnIsLineRate(eLimit == eLimit_LineRateBelow);
-    case eLimit_FieldRateBelow:
-    case eLimit_FieldRateAbove:
-        return fnIsFieldRate(eLimit == eLimit_FieldRateBelow);
-    case eLimit_RoundedClock:
-        return Descriptors::IsPixelClockRounded(oLimits, ullClock);
-    case eLimit_Count:
-        break;
-    }
-    return false;
-}
-
 void DescribeBreach(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits,
                     SZorFinding& oFinding)
 {
@@ -276,12 +241,7 @@ void DescribeBreach(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRa
 
 void DescribeBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits, SZorFinding& oFinding)
 {
-    unsigned int uiLimit = 0;
-    while (uiLimit < eLimit_Count && !IsBroken(static_cast<ELimit>(uiLimit), oMode, oLimits))
-    {
-        ++uiLimit;
-    }
-    DescribeBreach(static_cast<ELimit>(uiLimit), oMode, oLimits, oFinding);
+    DescribeBreach(FindBreach(oMode, oLimits), oMode, oLimits, oFinding);
 }
 
 void CheckLimits(CFindings& oFindings)

@@ -1,9 +1,9 @@
-// A mode against the display range limits: which of them it leaves, and by how much. Private to this folder.
+// What a mode against the display range limits is called, and by how much it leaves them. Private to this folder.
 
 #pragma once
 
 #include "CheckFindings.h"
-#include "Standards/Descriptors.h"
+#include "Standards/Modes.h"
 
 namespace ZorCheck
 {
@@ -14,20 +14,6 @@ struct SRangeDescriptor
     Descriptors::SRangeLimits m_oLimits;
 };
 SRangeDescriptor FindRangeLimits(const CFindings& oFindings);
-
-// The limits that a mode may leave. A clock that is above its own by less than the unit, as makers round down, comes
-// last.
-enum ELimit
-{
-    eLimit_Clock,
-    eLimit_LineRateBelow,
-    eLimit_LineRateAbove,
-    eLimit_FieldRateBelow,
-    eLimit_FieldRateAbove,
-    eLimit_RoundedClock,
-    eLimit_Count
-};
-bool IsBroken(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits);
 
 // "line rate 133.31 kHz" as found, "30 to 83 kHz" as expected: of one limit, and of the first that the mode breaks.
 void DescribeBreach(ELimit eLimit, const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits,

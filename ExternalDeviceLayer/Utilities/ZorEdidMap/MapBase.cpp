@@ -370,6 +370,14 @@ void NoteDescriptors(CMapWriter& oWriter, const CRecord& oBlock, const unsigned 
 // Timings against the range limits of the same block. An erratum of 1.4 lets listed timings exceed them.
 void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* puiFields)
 {
+    constexpr EZorEdidRule aeRules[] = { eZorEdidRule_RangePixelClock,
+                                         eZorEdidRule_RangeLineRate,
+                                         eZorEdidRule_RangeLineRate,
+                                         eZorEdidRule_RangeFieldRate,
+                                         eZorEdidRule_RangeFieldRate,
+                                         eZorEdidRule_RangePixelClock,
+                                         eZorEdidRule_None };
+    static_assert(std::size(aeRules) == eLimit_Count + 1); // by ELimit
     const CZorEdidMap::ESeverity eSeverity =
         IsRevision4(oBlock) ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning;
     unsigned int uiLimits = 0;
@@ -386,10 +394,9 @@ void NoteRanges(CMapWriter& oWriter, const CRecord& oBlock, const unsigned int* 
     {
         if (IsDetailed(oBlock, i))
         {
-            const EZorEdidRule eRule = CheckAgainstLimits(GetDescriptor(oBlock, i), oLimits);
-            const bool bRounded =
-                eRule == eZorEdidRule_RangePixelClock && IsClockRounded(GetDescriptor(oBlock, i), oLimits);
-            oWriter.AddNote(puiFields[i], eRule, bRounded ? CZorEdidMap::eSeverity_Note : eSeverity);
+            const ELimit eLimit = FindBreach(GetDescriptor(oBlock, i), oLimits);
+            oWriter.AddNote(puiFields[i], aeRules[eLimit],
+                            eLimit == eLimit_RoundedClock ? CZorEdidMap::eSeverity_Note : eSeverity);
         }
     }
 }

@@ -27,10 +27,8 @@ inline constexpr SMeaning gsc_aoGammaNotHere[] = { { 0xFF, 0xFF, "not given here
 // 0 limits nothing.
 using Descriptors::SRangeLimits;
 SRangeLimits ReadRangeLimits(const CRecord& oRecord);
-// The rule of what lies beyond the limits. Limits are whole numbers: half a unit beyond them is within.
-EZorEdidRule CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits);
-// Whether the pixel clock is less than a unit of the limit above it, 10 MHz: makers round it down.
-bool IsClockRounded(const CRecord& oTiming, const SRangeLimits& oLimits);
+// The first limit that the timing leaves; eLimit_Count for none.
+ELimit FindBreach(const CRecord& oTiming, const SRangeLimits& oLimits);
 
 // Whether the image of the timing is more than a tenth larger than a screen of this size in mm, or less than half as
 // large. False where one of them is not given.

@@ -68,20 +68,6 @@ SBreach CheckImageSize(const CRecord& oRecord, unsigned int)
     return IsRatio(oRecord) ? eZorEdidRule_TimingAspect : eZorEdidRule_None;
 }
 
-constexpr unsigned int gsc_uiHzPerClock = 10000;
-
-unsigned int GetTotalWidth(const CRecord& oRecord)
-{
-    return oRecord.Get(gsc_oHorizontalActive) + oRecord.Get(gsc_oHorizontalBlanking);
-}
-
-// Of a field: an interlaced one ends with a half line.
-unsigned int GetHalfLines(const CRecord& oRecord)
-{
-    return 2 * (oRecord.Get(gsc_oVerticalActive) + oRecord.Get(gsc_oVerticalBlanking)) +
-           ((oRecord.Get(gsc_oInterlaced) != 0) ? 1U : 0U);
-}
-
 constexpr auto gsc_aoScan = Listed({ "non-interlaced", "interlaced" });
 // E-EDID table 3.22. Bit 0 says nothing when bits 6 and 5 are 0.
 constexpr SMeaning gsc_aoStereo[] = {
@@ -687,29 +673,10 @@ SRangeLimits ReadRangeLimits(const CRecord& oRecord)
     return Descriptors::ReadRangeLimits(oRecord.GetData(), oRecord.GetFacts().m_uiRevision);
 }
 
-EZorEdidRule CheckAgainstLimits(const CRecord& oTiming, const SRangeLimits& oLimits)
+ELimit FindBreach(const CRecord& oTiming, const SRangeLimits& oLimits)
 {
-    const unsigned long long ullClock = oTiming.Get(gsc_oPixelClock); // 10 kHz
-    const unsigned long long ullWidth = GetTotalWidth(oTiming);
-    const bool bClockBeyond = IsPixelClockBeyond(oLimits, ullClock * gsc_uiKiloHzPerClockUnit);
-    if (bClockBeyond && !IsClockRounded(oTiming, oLimits))
-    {
-        return eZorEdidRule_RangePixelClock;
-    }
-    if (IsLineRateBeyond(oLimits, ullClock * gsc_uiKiloHzPerClockUnit, GetTotalWidth(oTiming)))
-    {
-        return eZorEdidRule_RangeLineRate;
-    }
-    if (IsFieldRateBeyond(oLimits, ullClock * 2 * gsc_uiHzPerClock, ullWidth * GetHalfLines(oTiming)))
-    {
-        return eZorEdidRule_RangeFieldRate;
-    }
-    return bClockBeyond ? eZorEdidRule_RangePixelClock : eZorEdidRule_None;
-}
-
-bool IsClockRounded(const CRecord& oTiming, const SRangeLimits& oLimits)
-{
-    return IsPixelClockRounded(oLimits, oTiming.Get(gsc_oPixelClock) * gsc_uiKiloHzPerClockUnit);
+    SZorMode oMode;
+    return ReadDetailedMode(oTiming, oMode) ? ZorStandards::FindBreach(oMode, oLimits) : eLimit_Count;
 }
 
 bool IsImageFarFrom(const CRecord& oTiming, unsigned int uiWidth, unsigned int uiHeight)

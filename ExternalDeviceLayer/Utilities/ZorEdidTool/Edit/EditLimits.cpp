@@ -2,6 +2,7 @@
 
 #include "EditLimits.h"
 
+#include "Standards/Modes.h"
 #include "TextFormat.h"
 
 using namespace ZorStandards;
@@ -44,18 +45,19 @@ SLimits WidenLimits(const SLimits& oLimits, const SZorMode& oMode)
 {
     constexpr unsigned int uiHzPerKiloHz = 1000;
     SLimits oWide = oLimits;
-    if (IsFieldRateBeyond(oLimits, oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor))
+    const unsigned int uiBreaches = FindBreaches(oMode, oLimits);
+    if ((uiBreaches & (LimitBit(eLimit_FieldRateBelow) | LimitBit(eLimit_FieldRateAbove))) != 0)
     {
         Widen(oWide.m_uiMinVerticalRateInHz, oWide.m_uiMaxVerticalRateInHz, oMode.m_oRate.m_ullDividend,
               oMode.m_oRate.m_ullDivisor);
     }
     const unsigned int uiClock = static_cast<unsigned int>(oMode.m_ullClock / uiHzPerKiloHz);
-    if (IsLineRateBeyond(oLimits, uiClock, oMode.m_oHorizontal.m_uiTotal))
+    if ((uiBreaches & (LimitBit(eLimit_LineRateBelow) | LimitBit(eLimit_LineRateAbove))) != 0)
     {
         Widen(oWide.m_uiMinHorizontalRateInKiloHz, oWide.m_uiMaxHorizontalRateInKiloHz, uiClock,
               oMode.m_oHorizontal.m_uiTotal);
     }
-    if (IsPixelClockBeyond(oLimits, uiClock))
+    if ((uiBreaches & (LimitBit(eLimit_Clock) | LimitBit(eLimit_RoundedClock))) != 0)
     {
         oWide.m_uiMaxPixelClockInKiloHz =
             (uiClock + gsc_uiKiloHzPer10MegaHz - 1) / gsc_uiKiloHzPer10MegaHz * gsc_uiKiloHzPer10MegaHz;

@@ -163,7 +163,7 @@ private:
     {
         const SZorMode& oMode = oRow.m_oMode;
         const bool bOutside =
-            m_aoLimits[uiImage].has_value() && ZorStandards::IsBeyondLimits(oMode, *m_aoLimits[uiImage]);
+            m_aoLimits[uiImage].has_value() && ZorStandards::FindBreaches(oMode, *m_aoLimits[uiImage]) != 0;
         const std::string sMode = GetModeTitle(oMode) + (bOutside ? " (outside the range limits)" : "");
         if (m_bLineRate && !oMode.m_bTiming)
         {

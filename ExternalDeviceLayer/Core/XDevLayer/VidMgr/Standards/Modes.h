@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <bit>
+
 #include "DisplayIdSection.h"
 #include "EdidMode.h"
 #include "Formulas.h"
@@ -55,14 +57,54 @@ constexpr bool IsUnusedStandard(const CRecordBytes& oRecord)
     return oRecord.GetByte(0) == gsc_uiUnusedStandard && oRecord.GetByte(1) == gsc_uiUnusedStandard;
 }
 
-// Whether a timing is beyond any of the range limits. Numbers that are not given are not.
-constexpr bool IsBeyondLimits(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
+// ---- Range limits ----
+
+// The limits that a timing may leave, the one to name first. A clock that is above its own by less than the unit, as
+// makers round down, comes last.
+enum ELimit
+{
+    eLimit_Clock,
+    eLimit_LineRateBelow,
+    eLimit_LineRateAbove,
+    eLimit_FieldRateBelow,
+    eLimit_FieldRateAbove,
+    eLimit_RoundedClock,
+    eLimit_Count
+};
+constexpr unsigned int LimitBit(ELimit eLimit) { return 1U << eLimit; }
+
+// The bits of all limits that a mode leaves; 0 without a timing, as numbers that are not given leave none.
+constexpr unsigned int FindBreaches(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
 {
     constexpr unsigned long long ullHzPerKiloHz = 1000;
+    if (!oMode.m_bTiming)
+    {
+        return 0;
+    }
     const unsigned long long ullClock = oMode.m_ullClock / ullHzPerKiloHz;
-    return oMode.m_bTiming && (IsPixelClockBeyond(oLimits, ullClock) ||
-                               IsLineRateBeyond(oLimits, ullClock, oMode.m_oHorizontal.m_uiTotal) ||
-                               IsFieldRateBeyond(oLimits, oMode.m_oRate.m_ullDividend, oMode.m_oRate.m_ullDivisor));
+    const unsigned int uiWidth = oMode.m_oHorizontal.m_uiTotal;
+    const auto [ullPart, ullWhole] = oMode.m_oRate;
+    unsigned int uiBreaches = 0;
+    if (IsPixelClockBeyond(oLimits, ullClock))
+    {
+        uiBreaches |= LimitBit(IsPixelClockRounded(oLimits, ullClock) ? eLimit_RoundedClock : eLimit_Clock);
+    }
+    if (IsLineRateBeyond(oLimits, ullClock, uiWidth))
+    {
+        const bool bBelow = ullClock / uiWidth < oLimits.m_uiMinHorizontalRateInKiloHz;
+        uiBreaches |= LimitBit(bBelow ? eLimit_LineRateBelow : eLimit_LineRateAbove);
+    }
+    if (IsFieldRateBeyond(oLimits, ullPart, ullWhole))
+    {
+        const bool bBelow = ullPart / ullWhole < oLimits.m_uiMinVerticalRateInHz;
+        uiBreaches |= LimitBit(bBelow ? eLimit_FieldRateBelow : eLimit_FieldRateAbove);
+    }
+    return uiBreaches;
+}
+// The first of them; eLimit_Count for none.
+constexpr ELimit FindBreach(const SZorMode& oMode, const Descriptors::SRangeLimits& oLimits)
+{
+    return static_cast<ELimit>(std::countr_zero(FindBreaches(oMode, oLimits) | LimitBit(eLimit_Count)));
 }
 
 // ---- CTA-861 ----

@@ -20,15 +20,18 @@
     },
     proc_exit: status => { throw new Error("the library has ended with " + status); },
   };
+  const embedded = id => Uint8Array.from(atob(one(id).textContent), character => character.charCodeAt(0));
   const loadLibrary = async () => {
-    const code = Uint8Array.from(atob(one("#wasm").textContent), character => character.charCodeAt(0));
+    const code = embedded("#wasm");
     const { instance } = await WebAssembly.instantiate(code, {
       env: { emscripten_notify_memory_growth: () => {} },
       wasi_snapshot_preview1: new Proxy(system, { get: (known, name) => known[name] ?? (() => failure) }),
     });
     library = instance.exports;
     library._initialize();
-    ask("make_page", "", "", new Uint8Array(128), ""); // so that the first drop finds the code of pages compiled
+    // Browsers compile a function at its first call: the first drop finds those of a whole page compiled.
+    ask("read", "", embedded("#example"));
+    ask("make_page", "1", "", embedded("#example"), "");
   };
 
   // Calls a function of App.cpp with texts and bytes. Returns its results as bytes; throws a refusal as an Error.
@@ -400,6 +403,7 @@
     if (event.target.files.length) takeFiles(event.target.files);
     event.target.value = "";
   });
+  one("#see").addEventListener("click", () => take([{ name: "example.bin", content: embedded("#example") }]));
   one("#pasting").addEventListener("submit", event => {
     event.preventDefault();
     if (takeText(one("#text").value)) one("#text").value = "";

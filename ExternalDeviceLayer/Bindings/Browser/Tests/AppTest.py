@@ -22,7 +22,7 @@ if not Chromium.is_there() and sys.executable != "/usr/bin/python3" and os.path.
 APP, COMMAND, PROJECT = sys.argv[1:4]
 AXE = os.environ.get("ZOREDID_AXE") or os.path.join(
     os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache"), "zoredid/axe-core/axe.min.js")
-LONGEST = 0.2  # seconds from a drop to the page
+LONGEST = 200  # ms from a drop until its page appears
 with open(os.path.join(PROJECT, "examples/monitor.bin"), "rb") as image_file:
     MONITOR = image_file.read()
 DUMP = "\n".join(f"{i:08x}: " + MONITOR[i:i + 16].hex(" ", 2) for i in range(0, len(MONITOR), 16))
@@ -32,15 +32,22 @@ XRANDR = "".join(f"{name} connected primary 1920x1080+0+0\n\tEDID: \n" + "".join
     [("HDMI-1", MONITOR), ("DP-1", MONITOR[:126] + bytes([0, (MONITOR[127] + 1) % 256]))])
 with open(os.path.join(PROJECT, "README.md"), encoding="utf-8") as readme:
     SITE = re.search("^```html\n(.*?)^```$", readme.read(), re.DOTALL | re.MULTILINE)[1]
-# Drops files on the document, and waits for the page in the frame to be painted. Returns the milliseconds.
+# Drops files on the document. Returns the milliseconds until the page in the frame appears, its first paint with
+# content, and until it has loaded and been painted.
 DROP = """const [files, refused] = arguments, data = new DataTransfer(), frame = document.querySelector("#frame");
 for (const [name, bytes] of files) data.items.add(new File([new Uint8Array(bytes)], name));
 const begin = performance.now(), loaded = new Promise(done => frame.addEventListener("load", done, { once: true }));
 document.dispatchEvent(new DragEvent("drop", { dataTransfer: data, cancelable: true, bubbles: true }));
 if (refused) return;
 await loaded;
-await new Promise(done => frame.contentWindow.requestAnimationFrame(() => setTimeout(done)));
-return performance.now() - begin;"""
+const page = frame.contentWindow, ahead = page.performance.timeOrigin - performance.timeOrigin - begin;
+await new Promise(done => page.requestAnimationFrame(() => setTimeout(done)));
+const all = performance.now() - begin;
+const first = await new Promise(done => new page.PerformanceObserver(list => {
+    const [paint] = list.getEntriesByName("first-contentful-paint");
+    if (paint) done(paint.startTime);
+}).observe({ type: "paint", buffered: true }));
+return [ahead + first, all];"""
 
 
 def run(*arguments):
@@ -177,13 +184,14 @@ class AppCases:
 
     def test_a_dropped_file_has_the_page_of_the_command_in_time(self):
         self.open()
-        times = [self.drop(("monitor.bin", MONITOR)) for _ in range(16)]
+        times = [self.drop(("monitor.bin", MONITOR)) for _ in range(8)]
         self.assertEqual(self.page(), run("page", self.image, "-o", "-").stdout.decode())
-        first, others = times[0], sorted(times[1:])
-        print(f"{self.BROWSER.NAME}: a page {first:.0f} ms after the first drop, {others[0]:.0f} to {others[-1]:.0f} "
-              f"after others; {os.path.getsize(APP) / 1e6:.2f} MB")
-        quiet = os.getloadavg()[0] < os.cpu_count()  # else other programs have as much of the time as the browser
-        self.assertLess(min(times), LONGEST * (1000 if quiet else 2000))
+        later = [sorted(column) for column in zip(*times[1:])]
+        print(f"{self.BROWSER.NAME}: a page appears {times[0][0]:.0f} ms after the first drop, all of it "
+              f"{times[0][1]:.0f} ms; after others {later[0][0]:.0f} to {later[0][-1]:.0f} and {later[1][0]:.0f} to "
+              f"{later[1][-1]:.0f} ms; {os.path.getsize(APP) / 1e6:.2f} MB")
+        quiet = os.getloadavg()[0] < os.cpu_count()  # else other programs have most of the time
+        self.assertLess(times[0][0] if quiet else later[0][0], LONGEST * (1 if quiet else 3))
         self.assertLess(os.path.getsize(APP), 3e6)
 
     def test_pasted_forms_are_read(self):
@@ -196,6 +204,10 @@ class AppCases:
             self.assertIn(form, self.text("#said").lower())
             self.assertEqual(self.ask("return document.querySelector('#text').value"), "")
         self.open()
+        self.click("#see")
+        self.wait_for(lambda: "ASUS VE276" in self.page())
+        self.assertEqual(self.names(), ["example.bin"])
+        self.open()
         for text, said in (("no image at all", "pasted: "), (" \n", "The text is empty.")):
             self.paste(text)
             self.assertIn(said, self.text("#said"))
@@ -205,7 +217,7 @@ class AppCases:
         self.open()
         self.browser.press(TAB)
         self.assertEqual(self.focused(), "choose")
-        self.browser.press(TAB, MONITOR.hex(), TAB, ENTER)
+        self.browser.press(TAB, TAB, MONITOR.hex(), TAB, ENTER)
         self.wait_for(lambda: "ASUS VE276" in self.page())
         self.wait_for(lambda: self.ask("return document.activeElement.id") == "frame")
 

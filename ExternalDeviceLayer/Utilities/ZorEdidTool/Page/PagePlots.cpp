@@ -7,6 +7,7 @@
 #include <math.h>
 #include <optional>
 #include <set>
+#include <string_view>
 
 #include "ExactTimings.h"
 #include "PageParts.h"
@@ -24,38 +25,61 @@ constexpr double gsc_dRight = 30;
 constexpr double gsc_dTop = 24;
 constexpr double gsc_dBottom = 50;
 
+using CFacts = CZorEdidFacts;
 using ZorStandards::Descriptors::SRangeLimits;
 
 bool HasLineRates(const SRangeLimits& oLimits) { return oLimits.m_uiMaxHorizontalRateInKiloHz != 0; }
 
-// The base block's, by which modes are judged everywhere. Those of a DisplayID section where it has none.
-SRangeLimits ReadLimits(const SPageImage& oImage)
+// Those that the head names.
+std::optional<SRangeLimits> FindLimits(const CFacts& oFacts)
 {
-    const std::vector<unsigned char>& aui8Bytes = oImage.m_oInput.m_aui8Bytes;
-    const unsigned char* pui8Base = aui8Bytes.data();
-    const unsigned int uiOffset =
-        aui8Bytes.size() < ZorStandards::gsc_uiBlockSize ? 0 : ZorStandards::BaseBlock::FindRangeLimits(pui8Base);
-    if (uiOffset != 0)
+    using namespace ZorStandards;
+    const CFacts::SLink& oLink = oFacts.GetLink();
+    const CFacts::SRange& oRates = oLink.m_oVerticalRates.m_oValue;
+    const CFacts::SRange& oLineRates = oLink.m_oHorizontalRates.m_oValue;
+    if (oRates.m_uiMost == 0 || oRates.m_uiLeast > oRates.m_uiMost || oLineRates.m_uiLeast > oLineRates.m_uiMost)
     {
-        return ZorStandards::Descriptors::ReadRangeLimits(pui8Base + uiOffset,
-                                                          ZorStandards::BaseBlock::ReadRevision(pui8Base));
+        return std::nullopt;
     }
-    const CZorEdidFacts::SLink& oLink = oImage.m_oFacts.GetLink();
-    const CZorEdidFacts::SRange& oRates = oLink.m_oVerticalRates.m_oValue;
-    const CZorEdidFacts::SRange& oLineRates = oLink.m_oHorizontalRates.m_oValue;
+    const bool bDescriptor = oLink.m_oVerticalRates.m_eId == eZorEdidField_BaseRangeMinVerticalRate ||
+                             oLink.m_oHorizontalRates.m_eId == eZorEdidField_BaseRangeMinHorizontalRate;
+    const bool bOffsets = oFacts.GetIdentity().m_oRevision.m_oValue >= BaseBlock::gsc_uiVideoInputRevision;
+    const unsigned int uiHighest = (bOffsets ? 2 : 1) * Descriptors::gsc_uiRateOffset; // that a descriptor can hold
     const unsigned int uiClock = oLink.m_oMaxPixelClock.m_oValue;
-    return { oRates.m_uiLeast, oRates.m_uiMost, oLineRates.m_uiLeast, oLineRates.m_uiMost, uiClock, uiClock, UINT_MAX };
+    return SRangeLimits{ oRates.m_uiLeast,
+                         oRates.m_uiMost,
+                         oLineRates.m_uiLeast,
+                         oLineRates.m_uiMost,
+                         uiClock,
+                         uiClock,
+                         bDescriptor ? uiHighest : UINT_MAX };
 }
 
-std::optional<SRangeLimits> FindLimits(const SPageImage& oImage)
+// "; DisplayID's where the base block has others": whose they are where several places declare limits.
+std::string DescribePrecedence(const CFacts& oFacts)
 {
-    const SRangeLimits oLimits = ReadLimits(oImage);
-    const bool bSound = oLimits.m_uiMinVerticalRateInHz <= oLimits.m_uiMaxVerticalRateInHz &&
-                        oLimits.m_uiMinHorizontalRateInKiloHz <= oLimits.m_uiMaxHorizontalRateInKiloHz;
-    return oLimits.m_uiMaxVerticalRateInHz != 0 && bSound ? std::optional(oLimits) : std::nullopt;
+    const auto fnIsLimits = [](CFacts::EQuestion eQuestion) {
+        return eQuestion == CFacts::eQuestion_VerticalRates || eQuestion == CFacts::eQuestion_HorizontalRates ||
+               eQuestion == CFacts::eQuestion_MaxPixelClock;
+    };
+    const auto fnIsDisplayId = [](EZorEdidField eField) {
+        return std::string_view(CZorEdidMap::GetId(eField)).starts_with("displayid.");
+    };
+    unsigned int i = 0;
+    for (const CFacts::SConflict* poConflict = oFacts.GetConflict(0); poConflict != nullptr;
+         poConflict = oFacts.GetConflict(++i))
+    {
+        if (fnIsLimits(poConflict->m_eQuestion))
+        {
+            const bool bBase = poConflict->m_ui16Other < ZorStandards::gsc_uiBlockSize;
+            return std::string(fnIsDisplayId(poConflict->m_eTaken) ? "; DisplayID's" : "; the first ones") + " where " +
+                   (bBase ? "the base block" : "another place") + " has others";
+        }
+    }
+    return "";
 }
 
-std::string DescribeLimits(const SRangeLimits& oLimits)
+std::string DescribeLimits(const CFacts& oFacts, const SRangeLimits& oLimits)
 {
     constexpr unsigned long long ullHzPerKiloHz = 1000;
     const auto fnRange = [](unsigned int uiLeast, unsigned int uiMost, const char* pszUnit) {
@@ -67,7 +91,8 @@ std::string DescribeLimits(const SRangeLimits& oLimits)
     sText += HasLineRates(oLimits)
                  ? ", " + fnRange(oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz, "kHz")
                  : "";
-    return sText + (uiClock != 0 ? ", clocks up to " + GetMegaHertz(uiClock * ullHzPerKiloHz, 0) + " MHz" : "");
+    sText += uiClock != 0 ? ", clocks up to " + GetMegaHertz(uiClock * ullHzPerKiloHz, 0) + " MHz" : "";
+    return sText + DescribePrecedence(oFacts);
 }
 
 // Where modes lie on one another, one point.
@@ -145,7 +170,7 @@ private:
     void AddImage(size_t uiImage)
     {
         const SPageImage& oImage = *m_oPage.m_apoImages[uiImage];
-        m_aoLimits[uiImage] = FindLimits(oImage);
+        m_aoLimits[uiImage] = FindLimits(oImage.m_oFacts);
         if (m_aoLimits[uiImage].has_value())
         {
             const SRangeLimits& oLimits = *m_aoLimits[uiImage];
@@ -279,7 +304,7 @@ private:
             if (m_aoLimits[i].has_value())
             {
                 oHtml << " Range limits" << SText{ m_oPage.IsPair() ? " of " : "" } << SText{ m_oPage.GetMark(i) }
-                      << ": " << SText{ DescribeLimits(*m_aoLimits[i]) } << ".";
+                      << ": " << SText{ DescribeLimits(m_oPage.m_apoImages[i]->m_oFacts, *m_aoLimits[i]) } << ".";
             }
         }
     }
@@ -341,11 +366,11 @@ CHtml MakeModePlots(const SPage& oPage)
     bool bLimits = false;
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {
-        if (const std::optional<SRangeLimits> oLimits = FindLimits(*oPage.m_apoImages[i]))
+        if (const std::optional<SRangeLimits> oLimits = FindLimits(oPage.m_apoImages[i]->m_oFacts))
         {
             oHtml << "<li><span class=\"box" << SText{ i == 0 ? "" : " second" } << "\"></span>range limits "
                   << SText{ oPage.GetMark(i) } << SText{ oPage.IsPair() ? ": " : "" }
-                  << SText{ DescribeLimits(*oLimits) } << "</li>";
+                  << SText{ DescribeLimits(oPage.m_apoImages[i]->m_oFacts, *oLimits) } << "</li>";
             bLimits = true;
         }
     }

@@ -187,9 +187,9 @@ TEST(PageColour, OfAPairEachTriangleHasItsMark)
 }
 
 // A monitor of one mode, 1920 x 1080 at 60 Hz, 67.5 kHz and 148.5 MHz, with range limits in Hz, kHz and tens of MHz.
-CBytes WithLimits(const std::vector<unsigned char>& aui8Limits)
+CBytes WithLimits(const std::vector<unsigned char>& aui8Limits, const std::vector<CBytes>& aoBlocks = {})
 {
-    CBytes aui8Image = MakeEdid({});
+    CBytes aui8Image = MakeEdid(aoBlocks);
     CBytes aui8Descriptor = ParseBytes("00 00 00 FD 00 00*4 11 00 0A 20*6");
     std::copy(aui8Limits.begin(), aui8Limits.end(), aui8Descriptor.begin() + 5);
     std::copy(aui8Descriptor.begin(), aui8Descriptor.end(), aui8Image.begin() + 0x48);
@@ -337,6 +337,28 @@ TEST(PagePlots, LimitsAreABandOrABox)
         SPage oNext = MakePageOf({ WithLimits(oCase.m_aui8Limits) });
         EXPECT_EQ(oCase.m_uiOutside, Count(MakeModePlots(oNext).Get(), "class=\"mode preferred outside\""))
             << static_cast<int>(oCase.m_aui8Limits[0]) << ' ' << static_cast<int>(oCase.m_aui8Limits[3]);
+    }
+}
+
+TEST(PagePlots, LimitsAreThoseOfTheHead)
+{
+    // 25.18 to 600 MHz, 30 to 160 kHz, 48 to 144 Hz; the timing has 60 Hz, the base block 61 to 75 Hz.
+    const CBytes aui8Range = MakeDataBlock(9, 0, ParseBytes("D5 09 00 5F EA 00 1E A0 00 00 30 90 00 00 00"));
+    const std::vector<unsigned char> aui8Limits = { 61, 75, 30, 83 };
+    const std::pair<CBytes, const char*> aoCases[] = {
+        { WithLimits(aui8Limits, { MakeDisplayIdBlock(aui8Range) }),
+          "Range limits: 48 to 144 Hz, 30 to 160 kHz, clocks up to 600 MHz; DisplayID&#39;s where the base block has "
+          "others." },
+        { MakeEdid({ MakeDisplayIdBlock(aui8Range) }),
+          "Range limits: 48 to 144 Hz, 30 to 160 kHz, clocks up to 600 MHz." },
+    };
+    for (const auto& [aui8Image, pszLimits] : aoCases)
+    {
+        const SPage oPage = MakePageOf({ aui8Image });
+        const std::string sHtml = MakeModePlots(oPage).Get();
+        EXPECT_TRUE(Has(sHtml, pszLimits));
+        EXPECT_EQ(0U, Count(sHtml, "mode preferred outside"));
+        EXPECT_TRUE(Has(MakeHead(oPage).Get(), "<dd>48 to 144 Hz, 30 to 160 kHz, clock to 600 MHz"));
     }
 }
 

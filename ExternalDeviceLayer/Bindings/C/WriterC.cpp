@@ -270,7 +270,7 @@ zoredid_status zoredid_writer_add_text(zoredid_writer* writer, const char* id, c
         const auto uiLength = static_cast<unsigned int>(strnlen(text, gsc_uiTextSize + 1));
         if (ui8Tag == 0 || !IsTextFor(text, uiLength))
         {
-            oAnswer.m_oReason = ui8Tag == 0 ? "it is no text of the base block" : gsc_pszTextFor;
+            oAnswer.m_oReason = ui8Tag == 0 ? "it is not a text of the base block" : gsc_pszTextFor;
             return 0;
         }
         unsigned char aui8Descriptor[gsc_uiDescriptorSize];

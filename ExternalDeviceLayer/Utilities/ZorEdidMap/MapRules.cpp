@@ -136,9 +136,10 @@ constexpr SZorEdidRule gsc_aoRules[] = {
       "E-EDID 1.3", "Users see a code of the maker, or nothing, in place of a name." },
 
     // ---- Descriptors of 18 bytes ----
-    { eZorEdidRule_TimingSize, CMap::eSeverity_Warning, "base.detailed.size", "0 is no size", "E-EDID 1.4, 3.10.2",
+    { eZorEdidRule_TimingSize, CMap::eSeverity_Warning, "base.detailed.size", "0 is not a size", "E-EDID 1.4, 3.10.2",
       "A mode without pixels or lines cannot be shown; sources drop the timing." },
-    { eZorEdidRule_TimingClock, CMap::eSeverity_Warning, "base.detailed.clock", "0 is no clock", "E-EDID 1.4, 3.10.2",
+    { eZorEdidRule_TimingClock, CMap::eSeverity_Warning, "base.detailed.clock", "0 is not a clock",
+      "E-EDID 1.4, 3.10.2",
       "In a list of timings the place counts as one, and its mode cannot be shown; sources skip it." },
     { eZorEdidRule_TimingSync, CMap::eSeverity_Warning, "base.detailed.sync", "no sync pulse", "E-EDID 1.4, 3.10.2",
       "Displays lock to the sync pulse; sources drop the timing or put a pulse of their own." },

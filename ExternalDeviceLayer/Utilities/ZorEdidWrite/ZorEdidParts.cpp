@@ -493,7 +493,7 @@ int CPartsEdit::AddDescriptor(const unsigned char* pui8Bytes, const SWhere& oWhe
     const bool bTiming = IsTiming(oPiece);
     if (IsDummy(oPiece) || !Descriptors::IsDescriptor(pui8Bytes))
     {
-        return Refuse("these bytes are no descriptor");
+        return Refuse("these bytes are not a descriptor");
     }
     for (unsigned int i = 0; i < CountCounted(); ++i)
     {
@@ -692,7 +692,7 @@ int CPartsEdit::AddNew(EZorEdidField eId, unsigned int uiLength, const unsigned 
     }
     if (!bKnown)
     {
-        return Refuse(m_oWhyNot.GetLength() != 0 ? m_oWhyNot : CMString("it is no kind of data block"));
+        return Refuse(m_oWhyNot.GetLength() != 0 ? m_oWhyNot : CMString("it is not a kind of data block"));
     }
     if (oWhere.m_bNewBlock && oWhere.m_uiBlock == gsc_uiAny && eId != eZorEdidField_CtaExtensionOverride &&
         AddFurtherBlock(bDisplayId ? gsc_uiDisplayIdTag : gsc_uiCtaTag, uiNewVersion) &&
@@ -725,10 +725,10 @@ int CPartsEdit::AddItem(EZorEdidField eId, unsigned int uiLength, const unsigned
             CMString oReason;
             oReason.Format("an item of such a data block has %u byte%s", oItems.m_uiSize,
                            oItems.m_uiSize == 1 ? "" : "s");
-            return Refuse(bList ? oReason : CMString("a data block of this kind is no list of items"));
+            return Refuse(bList ? oReason : CMString("a data block of this kind is not a list of items"));
         }
     }
-    return Refuse(m_oWhyNot.GetLength() != 0 ? m_oWhyNot : CMString("it is no kind of data block"));
+    return Refuse(m_oWhyNot.GetLength() != 0 ? m_oWhyNot : CMString("it is not a kind of data block"));
 }
 
 // ---- Finding ----
@@ -783,7 +783,7 @@ bool CPartsEdit::FindPart(unsigned int uiField, SPart& oPart)
         {
             return true;
         }
-        Refuse(uiBlock == 0 ? "the base block stays, and is the first one" : "it is no block that the image counts");
+        Refuse(uiBlock == 0 ? "the base block stays, and is the first one" : "it is not a block that the image counts");
         return false;
     }
     CBlockParts oBlock;
@@ -800,7 +800,7 @@ bool CPartsEdit::FindPart(unsigned int uiField, SPart& oPart)
             return true;
         }
     }
-    Refuse("it is no part that can be removed or moved");
+    Refuse("it is not a part that can be removed or moved");
     return false;
 }
 

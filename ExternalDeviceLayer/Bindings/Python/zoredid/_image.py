@@ -721,7 +721,7 @@ def _to_place(place: int | None) -> int:
     if place is None:
         return int(lib.ZOREDID_NONE)
     if not 0 <= place < lib.ZOREDID_NONE:
-        raise refuse(f"{place} is no number of a block or a place")
+        raise refuse(f"{place} is not the number of a block or a place")
     return place
 
 

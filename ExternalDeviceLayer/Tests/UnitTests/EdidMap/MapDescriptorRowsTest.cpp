@@ -109,8 +109,8 @@ TEST(MapDescriptorRows, BlankingOfADetailedTiming)
 TEST(MapDescriptorRows, DetailedTimingOfZeros)
 {
     static constexpr SRowCase aoRows[] = {
-        { "04.7-4 02", "Horizontal addressable video", "0 pixels", "0 is no size" },
-        { "07.7-4 05", "Vertical addressable video", "0 lines", "0 is no size" },
+        { "04.7-4 02", "Horizontal addressable video", "0 pixels", "0 is not a size" },
+        { "07.7-4 05", "Vertical addressable video", "0 lines", "0 is not a size" },
         { "0B.7-6 08", "Horizontal front porch", "0 pixels", "no front porch" },
         { "0B.5-4 09", "Horizontal sync pulse width", "0 pixels", "no sync pulse" },
         { "0B.3-2 0A.7-4", "Vertical front porch", "0 lines", "no front porch" },

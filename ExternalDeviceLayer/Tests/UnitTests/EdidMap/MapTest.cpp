@@ -247,7 +247,7 @@ TEST_F(Map, SeveritiesOfNotes)
         { CZorEdidMap::eSeverity_Warning, "", "70 14 79 03 00 ..128", "revision is not published" },
         { CZorEdidMap::eSeverity_Warning, "", "70 12 79 03 00 00 00 0C 41 42 43 00*6 36 10 00 ..128",
           "no week of a year" },
-        { CZorEdidMap::eSeverity_Warning, "", "10 01 01 00 00 ..128", "0 is no clock" },
+        { CZorEdidMap::eSeverity_Warning, "", "10 01 01 00 00 ..128", "0 is not a clock" },
     };
     for (const SCase& oCase : aoCases)
     {

@@ -160,7 +160,7 @@ std::string CEditImage::ReplacePreferred(const CVidParamTimingGeneric& oTiming)
     }
     if ((bOtherPicture && ClearNativeCounts()) || bNativeGoes)
     {
-        m_asNotes.emplace_back("the timing is no longer called native, as its picture is another one");
+        m_asNotes.emplace_back("the timing is no longer called native, as its picture differs");
     }
     FollowWithLimits(aoOrigins[0].m_uiOffset);
     return "";

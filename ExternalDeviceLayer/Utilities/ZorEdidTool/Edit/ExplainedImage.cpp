@@ -219,7 +219,7 @@ public:
     const std::string& GetProblem() const { return m_sProblem; }
 
 private:
-    static constexpr const char* msc_pszNone = "is no document of zoredid explain --json";
+    static constexpr const char* msc_pszNone = "is not a document of zoredid explain --json";
 
     struct SLevel
     {

@@ -173,7 +173,7 @@ std::string CFieldEdits::ClearNative(bool bOneNative)
     }
     if (m_asNotes.size() != uiNotes)
     {
-        Note("the preferred timing is not called native, as its picture is another one; --set "
+        Note("the preferred timing is not called native, as its picture differs; --set "
              "base.display.preferred-is-native=yes says that it is");
     }
     return sProblem;

@@ -190,7 +190,7 @@ bool CJsonReader::Read(CJsonEvents& oEvents)
     }
     else if (oResult.Code() != rapidjson::kParseErrorTermination)
     {
-        oState.m_sProblem = std::string("is no JSON at byte ") + std::to_string(oResult.Offset()) + ": " +
+        oState.m_sProblem = std::string("is not JSON at byte ") + std::to_string(oResult.Offset()) + ": " +
                             rapidjson::GetParseError_En(oResult.Code());
     }
     return false;

@@ -27,7 +27,7 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr const char* gsc_pszIndexMark = "index";
-constexpr const char* gsc_pszForeign = "exists already, and is no page of such a run (use --force)";
+constexpr const char* gsc_pszForeign = "exists already, and is not a page of such a run (use --force)";
 
 // ---- Names ----
 

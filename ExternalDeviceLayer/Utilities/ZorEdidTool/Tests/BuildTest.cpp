@@ -230,10 +230,10 @@ std::string Repeat(const std::string& sText, size_t uiCount)
 }
 
 const SBadDocument gsc_aoBadDocuments[] = {
-    { "AnotherDocument", "zoredid", "other", "is no document" },
-    { "AnArray", gsc_szByte, "[]", "is no document" },
-    { "ANumber", gsc_szByte, "1", "is no document" },
-    { "NoFields", "fields", "other", "is no document" },
+    { "AnotherDocument", "zoredid", "other", "is not a document" },
+    { "AnArray", gsc_szByte, "[]", "is not a document" },
+    { "ANumber", gsc_szByte, "1", "is not a document" },
+    { "NoFields", "fields", "other", "is not a document" },
     { "AFailure", "\"size\":1", R"("error":"a")", "has no image: a" },
     { "AnotherVersion", ":2,", ":3,", "unknown version 3" },
     { "VersionAsText", ":2,", ":\"2\",", "\"version\" is not a number" },
@@ -267,9 +267,9 @@ const SBadDocument gsc_aoBadDocuments[] = {
     { "MemberTwice", "\"raw\"", R"("raw":"00","raw")", "has \"raw\" twice" },
     { "HeadTwice", "\"size\"", R"("size":1,"size")", "has \"size\" twice" },
     { "OffsetsOfText", "\"size\"", R"("offsets":["0"],"size")", "\"offsets\" are not" },
-    { "CutShort", "}]}]}", "}]}", "is no JSON at byte" },
-    { "NulCharacter", "\"size\"", std::string("\0\"size\"", 7), "is no JSON at byte" },
-    { "NoUtf8", "\"size\"", "\"\xFF\":1,\"size\"", "is no JSON at byte" },
+    { "CutShort", "}]}]}", "}]}", "is not JSON at byte" },
+    { "NulCharacter", "\"size\"", std::string("\0\"size\"", 7), "is not JSON at byte" },
+    { "NoUtf8", "\"size\"", "\"\xFF\":1,\"size\"", "is not JSON at byte" },
     { "Deep", "\"size\"", "\"other\":" + std::string(100000, '[') + ",\"size\"", "is deeper than 64" },
     { "DeepFields", "[{\"id\"", Repeat("[{\"fields\":", 100) + "[{\"id\"", "is deeper than 64" },
     { "LongText", "\"size\"", "\"" + Repeat("\\u0041", 30000) + "\":1,\"size\"", "a text or a number of more than" },

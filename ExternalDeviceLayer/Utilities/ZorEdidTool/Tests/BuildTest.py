@@ -113,8 +113,8 @@ class BuildTest(ToolTest):
 
     def test_what_is_no_document(self):
         part = explain(MONITOR, "--at", "0x36")
-        for data, problem in [(b"", "is empty"), (MONITOR, "is no JSON"), (b"{}", "is no document"),
-                              (part, "a part of an image"), (explain(MONITOR) + b"x", "is no JSON")]:
+        for data, problem in [(b"", "is empty"), (MONITOR, "is not JSON"), (b"{}", "is not a document"),
+                              (part, "a part of an image"), (explain(MONITOR) + b"x", "is not JSON")]:
             status, out, error = build(data)
             self.assertEqual((3, b"", 1), (status, out, error.count("\n")), error)
             self.assertIn(problem, error)

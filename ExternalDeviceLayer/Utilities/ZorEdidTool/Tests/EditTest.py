@@ -356,7 +356,7 @@ class Edits(unittest.TestCase):
 
     def test_preferred(self):
         status, out, error = edit(IMAGE, "--preferred", "1280x720@60")
-        native = ": the timing is no longer called native, as its picture is another one\n"
+        native = ": the timing is no longer called native, as its picture differs\n"
         expected = changed(54, "011d007251d01e206e285500" + IMAGE[66:69].hex() + "00001e", changed(131, "70"))
         self.assertEqual((0, expected, "zoredid: -: --preferred 1280x720@60" + native), (status, out, error))
         for mode in ("1280x720@60,cea", "1280x720@60,dmt"):
@@ -390,7 +390,7 @@ class Edits(unittest.TestCase):
     def test_preferred_is_native_no_more(self):
         """Byte 24 from EDID 1.4 on, and the number of native timings where it is 1."""
         note = "zoredid: -: --preferred 1280x720@60: "
-        gone = note + "the timing is no longer called native, as its picture is another one\n"
+        gone = note + "the timing is no longer called native, as its picture differs\n"
         for revision, natives, expected, text in (
                 (3, 0x70, (0x2A, 0x70), ""), (3, 0x71, (0x2A, 0x70), gone), (4, 0x70, (0x28, 0x70), gone),
                 (4, 0x72, (0x28, 0x72), note + "block 1 still counts the timing among 2 native ones\n" + gone)):

@@ -674,7 +674,7 @@ class CheckTest(ToolTest):
             ("next year's model", change({0x10: "ff%02x" % (THIS_YEAR + 1 - 1990), 0x13: "04", 0x18: "2b"}), []),
             ("no width", change({0x38: "00", 0x3A: "01"}), [
                 "block 0 offset 0x36 (Detailed timing): warning: the line rate is outside of the display range limits",
-                "block 0 offset 0x38 (Detailed timing > Horizontal addressable video): warning: 0 is no size: found 0 "
+                "block 0 offset 0x38 (Detailed timing > Horizontal addressable video): warning: 0 is not a size: found 0 "
                 "pixels",
                 "block 0 offset 0x36 (Detailed timing): note: the text reports need a preferred mode: found none "
                 "that the library reads",

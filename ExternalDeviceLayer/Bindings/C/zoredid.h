@@ -1253,7 +1253,7 @@ typedef enum zoredid_connector ZOREDID_INT
 /** Where the timing of a wished mode comes from. */
 typedef enum zoredid_timing_source ZOREDID_INT
 {
-    ZOREDID_TIMING_SOURCE_UNKNOWN = 0, /**< any: CTA-861, then VESA DMT, then CVT with reduced blanking */
+    ZOREDID_TIMING_SOURCE_UNKNOWN = 0, /**< any: CTA-861, then VESA DMT, else what is nearest, CVT as well */
     ZOREDID_TIMING_SOURCE_CTA = 1,
     ZOREDID_TIMING_SOURCE_DMT = 2,
     ZOREDID_TIMING_SOURCE_DMT_REDUCED = 3,

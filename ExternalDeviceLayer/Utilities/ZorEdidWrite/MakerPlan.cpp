@@ -129,8 +129,11 @@ bool SPlannedMode::Allows420() const
 
 bool SPlannedMode::IsWishedFraction() const
 {
-    return m_oWished.m_ullDivisor != 0 && m_oWished.m_ullDividend % m_oWished.m_ullDivisor != 0 &&
-           IsSameRate(m_oWished, m_oTiming.m_oRate);
+    const auto fnIsFraction = [](const SZorMode::SRate& oRate) {
+        return oRate.m_ullDivisor != 0 && oRate.m_ullDividend % oRate.m_ullDivisor != 0;
+    };
+    return fnIsFraction(m_oWished) &&
+           (IsSameRate(m_oWished, m_oTiming.m_oRate) || (m_uiCode != 0 && fnIsFraction(m_oTiming.m_oRate)));
 }
 
 bool CMakerPlan::IsPreferredByDisplayIdAlone() const

@@ -182,7 +182,7 @@ CMString Prove(const CMakerPlan& oPlan, const CZorEdidMap& oMap)
 
 // ---- Notes ----
 
-// That of a code is met by the code. Clocks of timings have steps of 10 kHz.
+// A code meets the rate that it has by its name. Clocks of timings have steps of 10 kHz.
 SZorMode::SRate GetAnnouncedRate(const SPlannedMode& oMode)
 {
     constexpr unsigned long long ullStep = 10000;
@@ -190,7 +190,7 @@ SZorMode::SRate GetAnnouncedRate(const SPlannedMode& oMode)
     const bool bRounded = oMode.m_bDetailed || oMode.m_bType1;
     if (oMode.m_uiCode != 0 && !bRounded)
     {
-        return oMode.m_oWished;
+        return IsSameRate(oTiming.m_oNominalRate, oMode.m_oWished) ? oMode.m_oWished : oTiming.m_oRate;
     }
     const unsigned long long ullClock =
         bRounded ? (oTiming.m_ullClock + ullStep / 2) / ullStep * ullStep : oTiming.m_ullClock;

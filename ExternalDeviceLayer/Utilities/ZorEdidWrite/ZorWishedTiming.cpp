@@ -2,6 +2,9 @@
 
 #include "ZorWishedTiming.h"
 
+#include <functional>
+#include <numeric>
+
 #include "Standards/Formulas.h"
 #include "TableTimings.h"
 
@@ -9,10 +12,15 @@ namespace
 {
 using namespace ZorStandards;
 
-bool IsWanted(const SZorMode& oMode, const SZorMode& oWanted)
+bool IsSamePicture(const SZorMode& oMode, const SZorMode& oWanted)
 {
     return oMode.m_uiWidth == oWanted.m_uiWidth && oMode.m_uiHeight == oWanted.m_uiHeight &&
-           oMode.m_bInterlaced == oWanted.m_bInterlaced && ZorWrite::IsWantedRate(oMode, oWanted);
+           oMode.m_bInterlaced == oWanted.m_bInterlaced;
+}
+
+bool IsWanted(const SZorMode& oMode, const SZorMode& oWanted)
+{
+    return IsSamePicture(oMode, oWanted) && ZorWrite::IsWantedRate(oMode, oWanted);
 }
 
 bool FindCode(const SZorMode& oWanted, bool bRepeated, SZorMode& oTiming)
@@ -71,11 +79,85 @@ bool Compute(const SZorMode& oWanted, SZorMode::EBlanking eBlanking, SZorMode& o
     return true;
 }
 
+// ---- The nearest rate ----
+
+// No product overflows: dividends have up to 44 bits, divisors 36, those of tables at 1000/1001 and of wishes that a
+// formula takes among them.
+__extension__ using CWide = unsigned __int128;
+
+// Hz, multiplied by the divisor of the wished rate: distances from one wish compare.
+struct SDistance
+{
+    CWide m_uiDividend;
+    unsigned long long m_ullDivisor;
+
+    bool operator<(const SDistance& oOther) const
+    {
+        return m_uiDividend * oOther.m_ullDivisor < oOther.m_uiDividend * m_ullDivisor;
+    }
+};
+
+SDistance MeasureDistance(const SZorMode::SRate& oRate, const SZorMode::SRate& oWanted)
+{
+    const unsigned long long ullCommon = std::gcd(oWanted.m_ullDividend, oWanted.m_ullDivisor);
+    const CWide uiRate = CWide{ oRate.m_ullDividend } * (oWanted.m_ullDivisor / ullCommon);
+    const CWide uiWanted = CWide{ oWanted.m_ullDividend / ullCommon } * oRate.m_ullDivisor;
+    return { uiRate > uiWanted ? uiRate - uiWanted : uiWanted - uiRate, oRate.m_ullDivisor };
+}
+
+// Is given the modes of tables and keeps the nearest one, of equally near ones the first. What has the wished rate by
+// its name is no distance away.
+class CNearestOfTables
+{
+public:
+    CNearestOfTables(const SZorMode& oWanted, bool bRepeated) : m_oWanted(oWanted), m_bRepeated(bRepeated) {}
+
+    bool operator()(const SZorMode& oMode)
+    {
+        if (IsSamePicture(oMode, m_oWanted) && (oMode.m_uiRepetition <= 1 || m_bRepeated))
+        {
+            const SDistance oOfName = MeasureDistance(oMode.m_oNominalRate, m_oWanted.m_oNominalRate);
+            const SDistance oDistance =
+                oOfName.m_uiDividend == 0 ? oOfName : MeasureDistance(oMode.m_oRate, m_oWanted.m_oNominalRate);
+            if (!m_bFound || oDistance < m_oLeast)
+            {
+                m_oNearest = oMode;
+                m_oLeast = oDistance;
+                m_bFound = true;
+            }
+        }
+        return false;
+    }
+
+    const SZorMode& ChooseBeside(const SZorMode& oComputed) const
+    {
+        const bool bNearer = MeasureDistance(oComputed.m_oRate, m_oWanted.m_oNominalRate) < m_oLeast;
+        return m_bFound && !bNearer ? m_oNearest : oComputed;
+    }
+
+private:
+    const SZorMode& m_oWanted;
+    bool m_bRepeated;
+    bool m_bFound = false;
+    SZorMode m_oNearest = {};
+    SDistance m_oLeast = {};
+};
+
 // A whole rate that only the formula with clocks of 1 kHz meets is met well enough by one with clocks of 250 kHz.
 bool FindAny(const SZorMode& oWanted, bool bRepeated, SZorMode& oTiming)
 {
-    return FindCode(oWanted, bRepeated, oTiming) || FindDmt(oWanted, true, oTiming) ||
-           FindDmt(oWanted, false, oTiming) || Compute(oWanted, SZorMode::eBlanking_Reduced1, oTiming);
+    SZorMode oComputed = {};
+    if (!Compute(oWanted, SZorMode::eBlanking_Reduced1, oComputed))
+    {
+        return FindCode(oWanted, bRepeated, oTiming) || FindDmt(oWanted, true, oTiming) ||
+               FindDmt(oWanted, false, oTiming);
+    }
+    CNearestOfTables oTables(oWanted, bRepeated);
+    ZorWrite::FindInCodes(std::ref(oTables));
+    ZorWrite::FindInDmt(true, std::ref(oTables));
+    ZorWrite::FindInDmt(false, std::ref(oTables));
+    oTiming = oTables.ChooseBeside(oComputed);
+    return true;
 }
 } // namespace
 

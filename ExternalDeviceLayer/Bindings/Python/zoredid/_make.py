@@ -22,7 +22,7 @@ class WishedMode(NamedTuple):
 
     - width: pixels; height: lines of the frame
     - rate: Hz, exact or to 0.005 Hz; of interlaced modes of fields
-    - source: where its timing comes from; UNKNOWN for CTA-861, then VESA DMT, then CVT with reduced blanking
+    - source: where its timing comes from; UNKNOWN for CTA-861, then VESA DMT, else what is nearest, CVT as well
     """
 
     width: int

@@ -222,6 +222,22 @@ class Wishes(unittest.TestCase):
                 self.assertEqual([], ask("check", "-", data=image)["checks"][0]["findings"])
         self.assertIn("TMDS to 345 MHz", make("--mode", "1920x1080@60", "--tmds", "341")[2])
 
+    def test_the_nearest_rate(self):
+        """Of the tables and the formula, which keeps to steps of 250 kHz; the table's where both are equally near."""
+        between = 60 * 1526 * 790 + 72250000  # half of 60 Hz and of the formula's 59.93 Hz
+        for mode, megahertz in (("1366x768@60.02", 72), ("1366x768@59.95", 72.25), ("1920x1080@60.02", 148.5),
+                                ("1920x1080@59.95", 148.35), ("1920x1080@59.936", 138.5), ("1680x1050@59.95", 146.25),
+                                ("1680x1050@60", 119), ("1280x768@59.95", 68.25), ("1920x1080@61", 141),
+                                (f"1366x768@{between}/{2 * 1526 * 790}", 72),
+                                (f"1366x768@{between - 1}/{2 * 1526 * 790}", 72.25)):
+            for interface in ("hdmi", "dp"):
+                with self.subTest(mode, interface=interface):
+                    image = make("--mode", mode, "--interface", interface)[1]
+                    self.assertEqual(megahertz, int.from_bytes(image[54:56], "little") / 100)
+                    image = run("edit", "-", "-o", "-", f"--add-mode={mode},preferred", data=open(MONITOR, "rb").read())[1]
+                    self.assertEqual(megahertz, int.from_bytes(image[54:56], "little") / 100)
+        self.assertIn("1920x1080@60.02: at 60.00 Hz, VIC 16", make("--mode=1280x720@60", "--mode=1920x1080@60.02")[2])
+
     def test_refusals(self):
         for arguments, status, reason in (
                 ("--mode 1920x1080", 2, "expected a mode"),

@@ -190,8 +190,9 @@ class AppCases:
         print(f"{self.BROWSER.NAME}: a page appears {times[0][0]:.0f} ms after the first drop, all of it "
               f"{times[0][1]:.0f} ms; after others {later[0][0]:.0f} to {later[0][-1]:.0f} and {later[1][0]:.0f} to "
               f"{later[1][-1]:.0f} ms; {os.path.getsize(APP) / 1e6:.2f} MB")
-        quiet = os.getloadavg()[0] < os.cpu_count()  # else other programs have most of the time
-        self.assertLess(times[0][0] if quiet else later[0][0], LONGEST * (1 if quiet else 3))
+        patience = 1 if os.getloadavg()[0] < os.cpu_count() else 3  # other programs have most of the time
+        self.assertLess(later[0][0], LONGEST * patience)
+        self.assertLess(times[0][0], 2 * LONGEST * patience)  # the machine may be a slow one
         self.assertLess(os.path.getsize(APP), 3e6)
 
     def test_pasted_forms_are_read(self):

@@ -1,5 +1,6 @@
 // zoredid explain: what each byte of an image says, what one byte says, and where something is said.
 
+#include <ctype.h>
 #include <stdlib.h>
 #include <string.h>
 #include <strings.h>
@@ -125,6 +126,57 @@ std::vector<unsigned int> OrderByPlace(const CZorEdidMap& oMap)
     return auiOrder;
 }
 
+// ---- Places and bytes ----
+
+using CFieldBytes = std::vector<SFieldByte>;
+
+constexpr size_t gsc_uiBytesOfLine = 8;
+
+std::string GetBlockText(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    return "block " + std::to_string(oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize);
+}
+
+// Offsets count in the block; of a block its number.
+std::string GetPlace(const CZorEdidMap& oMap, unsigned int uiField, const CFieldBytes& aoBytes)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    const unsigned int uiFirst = oField.m_uiOffset % gsc_uiBlockSize;
+    if (oField.m_uiDepth == 0)
+    {
+        return GetBlockText(oMap, uiField);
+    }
+    if (oField.m_eKind != CZorEdidMap::eKind_Group)
+    {
+        return GetPlaceText(aoBytes, oField.m_uiOffset - uiFirst);
+    }
+    return GetOffsetText(uiFirst) + (oField.m_uiLength > 1 ? "-" + GetOffsetText(uiFirst + oField.m_uiLength - 1) : "");
+}
+
+// Bytes of one value that a line does not hold are counted.
+bool AreCounted(const CZorEdidMap& oMap, const CFieldBytes& aoBytes)
+{
+    return aoBytes.size() > gsc_uiBytesOfLine &&
+           std::all_of(aoBytes.begin(), aoBytes.end(), [&](const SFieldByte& oByte) {
+               return oMap.GetData()[oByte.m_uiOffset] == oMap.GetData()[aoBytes[0].m_uiOffset];
+           });
+}
+
+std::string GetBytes(const CZorEdidMap& oMap, const CFieldBytes& aoBytes, size_t uiFirst, size_t uiCount)
+{
+    if (AreCounted(oMap, aoBytes))
+    {
+        return FormatHex(oMap.GetData() + aoBytes[0].m_uiOffset, 1) + " " + std::to_string(aoBytes.size()) + " times";
+    }
+    std::string sBytes;
+    for (size_t i = uiFirst; i < std::min(aoBytes.size(), uiFirst + uiCount); ++i)
+    {
+        sBytes += FormatHex(oMap.GetData() + aoBytes[i].m_uiOffset, 1);
+        sBytes += ' ';
+    }
+    return sBytes;
+}
+
 // ---- What is asked for ----
 
 // Sizes are written with and without blanks around their x: all of them without.
@@ -165,6 +217,22 @@ bool HasText(const std::string& sText, const std::string& sPart)
            strcasestr(sText.c_str(), sPart.c_str()) != nullptr; // a part of a size: "x 1080"
 }
 
+// Places and bytes are found by whole words, as a digit or two are in most of them.
+bool HasWords(const std::string& sText, const std::string& sPart)
+{
+    const auto fnInWord = [&sText](size_t i) {
+        return i < sText.size() && isalnum(static_cast<unsigned char>(sText[i]));
+    };
+    for (size_t i = sText.find(sPart); i != std::string::npos; i = sText.find(sPart, i + 1))
+    {
+        if ((i == 0 || !fnInWord(i - 1)) && !fnInWord(i + sPart.size()))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
 // Whether a field, or a group that it lies in, has an id.
 bool IsIn(const CZorEdidMap& oMap, unsigned int uiField, EZorEdidField eId)
 {
@@ -196,6 +264,12 @@ bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& s
                   HasText(GetFieldName(oField) + GetFieldSays(oMap, uiField, fnPlain), sPart) ||
                   HasText(GetCodeText(oField), sPart) ||
                   (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
+    if (!bFound)
+    {
+        const CFieldBytes aoBytes = GetFieldBytes(oMap, uiField);
+        bFound = HasWords(GetPlace(oMap, uiField, aoBytes), sPart) ||
+                 HasWords(GetBytes(oMap, aoBytes, 0, aoBytes.size()), sPart);
+    }
     for (unsigned int i = 0; i < oField.m_uiTimings + oField.m_uiOthers; ++i)
     {
         bFound = bFound || HasText(GetTimingNumber(oField, i), sPart);
@@ -282,7 +356,6 @@ std::vector<bool> MarkWithGroups(const CZorEdidMap& oMap, const std::vector<unsi
 // ---- Lines ----
 
 constexpr size_t gsc_uiPlaceWidth = 14;
-constexpr size_t gsc_uiBytesOfLine = 8;
 constexpr size_t gsc_uiBytesWidth = 3 * gsc_uiBytesOfLine + 1;
 
 // Up to this width, and by one blank at least.
@@ -306,61 +379,18 @@ public:
     void AddAlone(unsigned int uiField)
     {
         const bool bBlock = m_oMap.GetField(uiField).m_uiDepth == 0;
-        Add(uiField, bBlock ? "" : GetBlockText(uiField) + " ", gsc_uiPlaceWidth + 8, "", GetPath(m_oMap, uiField));
+        Add(uiField, bBlock ? "" : GetBlockText(m_oMap, uiField) + " ", gsc_uiPlaceWidth + 8, "",
+            GetPath(m_oMap, uiField));
     }
 
     const std::string& GetText() const { return m_sText; }
 
 private:
-    using CFieldBytes = std::vector<SFieldByte>;
-
-    std::string GetBlockText(unsigned int uiField) const
-    {
-        return "block " + std::to_string(m_oMap.GetField(uiField).m_uiOffset / gsc_uiBlockSize);
-    }
-
-    // Offsets count in the block; of a block its number.
-    std::string GetPlace(unsigned int uiField, const CFieldBytes& aoBytes) const
-    {
-        const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
-        const unsigned int uiFirst = oField.m_uiOffset % gsc_uiBlockSize;
-        if (oField.m_uiDepth == 0)
-        {
-            return GetBlockText(uiField);
-        }
-        if (oField.m_eKind != CZorEdidMap::eKind_Group)
-        {
-            return GetPlaceText(aoBytes, oField.m_uiOffset - uiFirst);
-        }
-        return GetOffsetText(uiFirst) +
-               (oField.m_uiLength > 1 ? "-" + GetOffsetText(uiFirst + oField.m_uiLength - 1) : "");
-    }
-
     void AppendPainted(std::string& sLine, const char* pszColour, const std::string& sText) const
     {
         sLine += m_bColours ? pszColour : "";
         sLine += sText;
         sLine += m_bColours ? gsc_pszPlain : "";
-    }
-
-    bool AreOneValue(const CFieldBytes& aoBytes) const
-    {
-        const unsigned char* pui8Data = m_oMap.GetData();
-        return std::all_of(aoBytes.begin(), aoBytes.end(), [&](const SFieldByte& oByte) {
-            return pui8Data[oByte.m_uiOffset] == pui8Data[aoBytes[0].m_uiOffset];
-        });
-    }
-
-    // As many bytes as fit into a line.
-    std::string GetBytes(const CFieldBytes& aoBytes, size_t uiFirst) const
-    {
-        std::string sBytes;
-        for (size_t i = uiFirst; i < std::min(aoBytes.size(), uiFirst + gsc_uiBytesOfLine); ++i)
-        {
-            sBytes += FormatHex(m_oMap.GetData() + aoBytes[i].m_uiOffset, 1);
-            sBytes += ' ';
-        }
-        return sBytes;
     }
 
     // Many bytes of the same value are counted; other ones that do not fit have lines of their own.
@@ -370,13 +400,10 @@ private:
         const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
         const char* pszColour = gsc_apszAreaColours[oField.m_eArea];
         const CFieldBytes aoBytes = GetFieldBytes(m_oMap, uiField);
-        const bool bCounted = aoBytes.size() > gsc_uiBytesOfLine && AreOneValue(aoBytes);
-        std::string sBytes = bCounted ? FormatHex(m_oMap.GetData() + aoBytes[0].m_uiOffset, 1) + " " +
-                                            std::to_string(aoBytes.size()) + " times"
-                                      : GetBytes(aoBytes, 0);
+        std::string sBytes = GetBytes(m_oMap, aoBytes, 0, gsc_uiBytesOfLine);
         Pad(sBytes, gsc_uiBytesWidth);
         std::string sLine = sHead;
-        sLine += GetPlace(uiField, aoBytes);
+        sLine += GetPlace(m_oMap, uiField, aoBytes);
         Pad(sLine, uiPlaceWidth);
         AppendPainted(sLine, pszColour, sBytes);
         sLine += sIndentation;
@@ -387,10 +414,10 @@ private:
             return sPainted;
         });
         AddLine(sLine);
-        for (size_t i = gsc_uiBytesOfLine; i < aoBytes.size() && !bCounted; i += gsc_uiBytesOfLine)
+        for (size_t i = gsc_uiBytesOfLine; i < aoBytes.size() && !AreCounted(m_oMap, aoBytes); i += gsc_uiBytesOfLine)
         {
             sLine.assign(uiPlaceWidth, ' ');
-            AppendPainted(sLine, pszColour, GetBytes(aoBytes, i));
+            AppendPainted(sLine, pszColour, GetBytes(m_oMap, aoBytes, i, gsc_uiBytesOfLine));
             AddLine(sLine);
         }
     }
@@ -588,7 +615,8 @@ void DeclareExplainOptions(COptions& oCommand, STool& oTool)
         oCommand
             .Word(
                 "--find", poOptions->m_sFind,
-                "Where the text of a line has this, in either case: names, values, notes, a timing's list and number. "
+                "Where the text of a line has this, in either case: names, values, notes, a timing's list and number, "
+                "whole words of places, bytes and blocks. "
                 "An id finds its fields, that of a structure all of the structure")
             .Placeholder("TEXT")
             .Check([](const std::string& sText) { return std::string(sText.empty() ? "no text to find" : ""); });

@@ -155,6 +155,31 @@ class ExplainTest(ToolTest):
                          ["block 0 2c-2d                                  Standard timing 3: 1280 x 1024 @ 60 Hz  "
                           "(standard 3)"])
 
+    def test_every_word_of_a_line_finds_it(self):
+        """Of places, bytes and blocks as well; of all lines of images that differ in them."""
+        images = {name: IMAGES[name] for name in ("the example", "DisplayID and unknown blocks")}
+        for name in ("ed_acer-xv273k-dp1-tile0.bin",) if CORPUS else ():
+            with open(os.path.join(CORPUS, name), "rb") as file:
+                images[name] = file.read()
+        for name, image in images.items():
+            path = self.save(image)
+            places = {}  # of each word the places of its lines
+            for line in run("explain", path, status=0)[0].splitlines():
+                if line.startswith("block "):
+                    block = place = " ".join(line.split()[:2])
+                elif line[:1].strip():
+                    place = block + " " + line[:14].strip()
+                for word in line.split() + ([place] if line.startswith("block ") else []):
+                    places.setdefault(word, set()).add(re.sub(" +", " ", place))
+            for word, expected in places.items():
+                found = [re.sub(" +", " ", line) + " " for line in run("explain", "--find=" + word, path, status=0)[0].splitlines()]
+                missing = [place for place in expected if not any(line.startswith(place + " ") for line in found)]
+                self.assertEqual([], missing, (name, word))
+        self.assertEqual([line.split()[2] for line in self.lines("--find", "00 21 times")], ["6a-7e"])
+        self.assertEqual([line.split()[2] for line in self.lines("--find", "02 3A")], ["36-37"])
+        self.assertEqual([line.split()[2] for line in self.lines("--find", "40.7-4")], ["40.7-4"])
+        self.assertEqual(len(self.lines("--find", "block 1")), 1)
+
     def test_every_bit_has_one_leaf_whatever_the_image(self):
         images = dict(IMAGES)
         for name in sorted(os.listdir(CORPUS))[::7] if CORPUS else []:

@@ -6,8 +6,11 @@
 #include <utility>
 
 #include "ExactTimings.h"
+#include "Hdmi1xVsdb.h"
 #include "MapText.h"
+#include "Standards/CtaBlocks.h"
 #include "Standards/ExtensionBlocks.h"
+#include "Standards/HdmiBlocks.h"
 #include "Standards/VideoCodes.h"
 #include "TextFormat.h"
 
@@ -197,6 +200,27 @@ constexpr SKind gsc_aoKinds[] = {
     { SZorMode::eModeKind_HdmiVic, "HDMI codes" },
     { SZorMode::eModeKind_VideoFormat, "Video format descriptors" },
 };
+
+// Whether the data block of an HDMI code says that it has more of them than fit, of which the library lists none.
+bool IsCountPastEnd(const std::vector<unsigned char>& aui8Bytes, const SModeRow& oRow)
+{
+    namespace Cta = ZorStandards::Cta;
+    const unsigned char* pui8Block = aui8Bytes.data() + size_t{ oRow.GetBlock() } * gsc_uiBlockSize;
+    const unsigned int uiCode = oRow.m_poEntry->m_uiOffset % gsc_uiBlockSize;
+    Cta::CDataBlockWalk oWalk(pui8Block, Cta::GetDataBlocksEnd(pui8Block[Cta::gsc_uiRevisionOffset],
+                                                               pui8Block[Cta::gsc_uiDetailedStartOffset]));
+    while (pui8Block[0] == Cta::gsc_uiTag && oWalk.Next())
+    {
+        const auto [uiOffset, uiLength] = oWalk.GetPayload();
+        if (uiCode >= uiOffset && uiCode < uiOffset + uiLength)
+        {
+            const CHdmi1xVsdb::SVics oVics = CHdmi1xVsdb::FindVics(uiLength, pui8Block + uiOffset);
+            return oVics.m_uiVicsOffset != 0 && oVics.m_uiCount == 0 &&
+                   ZorStandards::Hdmi::gsc_oVicCount.IsSet(pui8Block + uiOffset + oVics.m_uiVideoOffset);
+        }
+    }
+    return false;
+}
 } // namespace
 
 unsigned int SModeRow::GetBlock() const { return m_poEntry->m_uiOffset / gsc_uiBlockSize; }
@@ -217,6 +241,13 @@ CImageModes::CImageModes(const std::vector<unsigned char>& aui8Bytes, const CEdi
     if (poEdid == nullptr)
     {
         return;
+    }
+    for (SModeRow& oRow : m_aoRows)
+    {
+        if (oRow.m_poEntry->m_eField == eZorEdidField_CtaHdmiVic && IsCountPastEnd(aui8Bytes, oRow))
+        {
+            oRow.m_sOtherwise = "the list leaves it out, as HDMI_VIC_LEN runs past the data block";
+        }
     }
     CNumbering oNumbering(m_aoRows, aui8Bytes, aoListed);
     CTimingOrigins aoOrigins;

@@ -294,7 +294,8 @@ CHtml MakeNotes(const SPage& oPage, const std::vector<STimingRow>& aoRows)
     }
     if (std::ranges::any_of(aoRows, [](const auto& oRow) { return !oRow.m_poMode->m_sOtherwise.empty(); }))
     {
-        oHtml << " \xE2\x80\x9CThe list\xE2\x80\x9D of a mark is the library's, whose numbers for the mode are others.";
+        oHtml << " \xE2\x80\x9CThe list\xE2\x80\x9D of a mark is the library's, which has the mode otherwise or not at "
+                 "all.";
     }
     for (size_t i = 0; i < oPage.m_apoImages.size(); ++i)
     {

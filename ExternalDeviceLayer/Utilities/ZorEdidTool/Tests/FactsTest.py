@@ -438,6 +438,11 @@ class ModesTest(ToolTest):
         other = ", the list takes byte c2 for VIC 66 (standard 7)"
         vic194 = ["7680 x 4320p @  24.000 Hz    1188.000 MHz  VIC 194" + other,
                   "7680 x 4320p @  23.976 Hz 1186.813187 MHz  VIC 194" + other]
+        past = ["3840 x 2160p @  %s MHz  HDMI VIC 1, the list leaves it out, as HDMI_VIC_LEN runs past the data block" %
+                numbers for numbers in ("30.000 Hz     297.000", "29.970 Hz  296.703297")]
+        out, error = run("modes", self.save(with_blocks(bytes.fromhex("02031000 6b030c001000802d20006001"))), status=0)
+        self.assertEqual((["  -               " + line for line in past], ""),
+                         ([line for line in out.splitlines() if line.startswith("  - ")], error))
         for codes, lines in [("75", ["3840 x 2160p @ 100.000 Hz    1188.000 MHz  VIC 117"]), ("c2", vic194), ("10", [])]:
             cea = bytes.fromhex("0203%02x00%02x%s" % (5 + len(codes) // 2, 0x40 + len(codes) // 2, codes))
             out, error = run("modes", self.save(with_blocks(cea)), status=0)

@@ -18,8 +18,6 @@ using CFacts = CZorEdidFacts;
 
 constexpr unsigned int gsc_uiKiloHzPerMegaHz = 1000;
 constexpr const char* gsc_pszNotAnnounced = "not announced";
-constexpr const char* gsc_pszNotKnown = "not known: ";
-constexpr const char* gsc_pszNoRange = "continuous frequency, no range given";
 
 void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
 {
@@ -132,9 +130,16 @@ std::string DescribeAbsence(const CFacts& oFacts, const char* pszDenial)
 {
     if (oFacts.GetUnread().m_eReason != CFacts::eUnread_None)
     {
-        return gsc_pszNotKnown + static_cast<std::string>(oFacts.GetUnreadText());
+        return "not known: " + static_cast<std::string>(oFacts.GetUnreadText());
     }
     return oFacts.GetIdentity().m_oRevision.IsSaid() ? pszDenial : ""; // of an image with a base block
+}
+
+// Enough for sources of DisplayPort, whose sinks say in DPCD that they ignore the timing of a frame; said where nothing
+// else announces variable refresh.
+bool IsContinuousDisplayPort(const CFacts::SLink& oLink)
+{
+    return oLink.m_oKind.m_oValue == CFacts::eLink_DisplayPort && oLink.m_oContinuous.m_oValue;
 }
 
 // ---- Audio ----
@@ -267,12 +272,6 @@ std::string DescribeTransport(const CZorEdidFacts::SLink& oLink)
     return sText;
 }
 
-bool IsAnnounced(const std::string& sText)
-{
-    return !sText.empty() && sText != gsc_pszNotAnnounced && sText != gsc_pszNoRange &&
-           !sText.starts_with(gsc_pszNotKnown);
-}
-
 std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
 {
     const CFacts::SLink& oLink = oFacts.GetLink();
@@ -285,14 +284,19 @@ std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts)
         Append(sText, sRange + " (" + apszSources[oRange.m_eSource] + ")");
     }
     AppendIf(sText, oLink.m_oNvidia, "a block of NVIDIA");
-    // Announced by nothing else, and enough for sources of DisplayPort, whose sinks say in DPCD that they ignore the
-    // timing of a frame.
-    if (sText.empty() && oLink.m_oKind.m_oValue == CFacts::eLink_DisplayPort && oLink.m_oContinuous.m_oValue)
+    if (sText.empty() && IsContinuousDisplayPort(oLink))
     {
         const std::string sRange = GetRange(oLink.m_oVerticalRates, "Hz");
-        Append(sText, sRange.empty() ? gsc_pszNoRange : sRange + " (range limits with continuous frequency)");
+        Append(sText, sRange.empty() ? "continuous frequency, no range given"
+                                     : sRange + " (range limits with continuous frequency)");
     }
     return sText.empty() ? DescribeAbsence(oFacts, gsc_pszNotAnnounced) : sText;
+}
+
+bool HasVariableRefresh(const CZorEdidFacts::SLink& oLink)
+{
+    return !ListVariableRefresh(oLink).empty() || oLink.m_oNvidia.m_oValue ||
+           (IsContinuousDisplayPort(oLink) && oLink.m_oVerticalRates.IsSaid());
 }
 
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
@@ -307,9 +311,8 @@ std::string DescribeRanges(const CZorEdidFacts::SLink& oLink)
     return sText;
 }
 
-std::string DescribeHdr(const CZorEdidFacts& oFacts)
+std::string NameHdrKinds(const CZorEdidFacts::SColour& oColour)
 {
-    const CFacts::SColour& oColour = oFacts.GetColour();
     const unsigned int uiEotfs = oColour.m_oEotfs.m_oValue;
     const auto* const poEnd = oColour.m_aoSpaces + std::min(oColour.m_uiSpaces, CFacts::msc_uiMostSpaces);
     const auto fnInDisplayId = [&](CFacts::ETransfer eTransfer) {
@@ -327,6 +330,13 @@ std::string DescribeHdr(const CZorEdidFacts& oFacts)
     Append(sText, (uiEotfs & CFacts::eEotf_HdrGamma) != 0 ? "HDR gamma" : "");
     Append(sText, oColour.m_oHdr10Plus.IsSaid() ? "HDR10+" : "");
     Append(sText, DescribeDolbyVision(oColour.m_oDolbyVision));
+    return sText;
+}
+
+std::string DescribeHdr(const CZorEdidFacts& oFacts)
+{
+    const CFacts::SColour& oColour = oFacts.GetColour();
+    std::string sText = NameHdrKinds(oColour);
     if (sText.empty()) // luminances of a display without HDR do not belong under HDR
     {
         return DescribeAbsence(oFacts, gsc_pszNotAnnounced);

@@ -24,16 +24,16 @@ std::string DescribeShape(const CZorEdidFacts::SSize& oSize);
 std::string DescribeLink(const CZorEdidFacts& oFacts);
 // "ALLM, QMS, fast Vactive": what helps games and changes of rate.
 std::string DescribeTransport(const CZorEdidFacts::SLink& oLink);
-// False of an empty text, and of the words "not announced", "not known: ..." or "..., no range given" of the questions
-// below that have them: what a block that was not read whole may say is not denied.
-bool IsAnnounced(const std::string& sText);
-// "48 to 120 Hz (HDMI Forum), 40 to 120 Hz (AMD)"; without any "not announced", or why it is not known.
+// "48 to 120 Hz (HDMI Forum), 40 to 120 Hz (AMD)"; without any "not announced", or why it is not known: what a block
+// that was not read whole may say is not denied. Continuous frequency without a range is said, and announces nothing.
 std::string DescribeVariableRefresh(const CZorEdidFacts& oFacts);
+bool HasVariableRefresh(const CZorEdidFacts::SLink& oLink);
 // "48 to 144 Hz, 30 to 160 kHz, clock to 600 MHz".
 std::string DescribeRanges(const CZorEdidFacts::SLink& oLink);
 
-// "HDR10, HLG, HDR10+, Dolby Vision; peak 603 cd/m2 ..."; without any as above.
+// "HDR10, HLG, HDR10+, Dolby Vision; peak 603 cd/m2 ..."; without any as above. The kinds alone are empty then.
 std::string DescribeHdr(const CZorEdidFacts& oFacts);
+std::string NameHdrKinds(const CZorEdidFacts::SColour& oColour);
 // Depths, formats and colour spaces.
 std::string DescribeColour(const CZorEdidFacts::SColour& oColour);
 

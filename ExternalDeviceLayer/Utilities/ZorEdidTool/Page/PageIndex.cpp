@@ -65,26 +65,25 @@ CHtml MakeModeCount(const SPageImage& oImage)
 // By the peak. The words are those of the kinds, and of no other luminance.
 CHtml MakeHdr(const SPageImage& oImage)
 {
-    const std::string sText = DescribeHdr(oImage.m_oFacts);
-    if (!IsAnnounced(sText))
+    const std::string sKinds = NameHdrKinds(oImage.m_oFacts.GetColour());
+    if (sKinds.empty())
     {
-        return MakeNumber(0, sText);
+        return MakeNumber(0, DescribeHdr(oImage.m_oFacts));
     }
     const auto& oPeak = oImage.m_oFacts.GetColour().m_oContentMax.m_oValue;
     const double dPeak = oPeak.m_ui8Code != 0 ? static_cast<double>(oPeak.m_fLuminance) : 0;
-    return MakeNumber(1 + dPeak, sText.substr(0, sText.find(';')) +
-                                     (dPeak > 0 ? FormatText("; peak %.0f cd/m\u00B2", dPeak) : ""));
+    return MakeNumber(1 + dPeak, sKinds + (dPeak > 0 ? FormatText("; peak %.0f cd/m\u00B2", dPeak) : ""));
 }
 
 // By the highest rate; above none where no range is known.
 CHtml MakeVariableRefresh(const SPageImage& oImage)
 {
     const std::string sText = DescribeVariableRefresh(oImage.m_oFacts);
-    if (!IsAnnounced(sText))
+    const CZorEdidFacts::SLink& oLink = oImage.m_oFacts.GetLink();
+    if (!HasVariableRefresh(oLink))
     {
         return MakeNumber(0, sText);
     }
-    const CZorEdidFacts::SLink& oLink = oImage.m_oFacts.GetLink();
     double dMost = oLink.m_oContinuous.m_oValue ? oLink.m_oVerticalRates.m_oValue.m_uiMost : 0;
     double dFastest = 0; // mode
     for (const SModeRow& oRow : oImage.m_oModes.GetRows())
@@ -154,9 +153,9 @@ struct SChoice
 };
 
 constexpr SChoice gsc_aoChoices[] = {
-    { "hdr", "with HDR", [](const SPageImage& oImage) { return IsAnnounced(DescribeHdr(oImage.m_oFacts)); } },
+    { "hdr", "with HDR", [](const SPageImage& oImage) { return !NameHdrKinds(oImage.m_oFacts.GetColour()).empty(); } },
     { "vrr", "with variable refresh",
-      [](const SPageImage& oImage) { return IsAnnounced(DescribeVariableRefresh(oImage.m_oFacts)); } },
+      [](const SPageImage& oImage) { return HasVariableRefresh(oImage.m_oFacts.GetLink()); } },
     { "error", "with errors",
       [](const SPageImage& oImage) { return CountFindings(oImage, CZorEdidMap::eSeverity_Error) != 0; } },
     { "warning", "with warnings",

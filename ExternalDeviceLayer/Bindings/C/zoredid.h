@@ -685,8 +685,8 @@ ZOREDID_API size_t zoredid_facts_get_conflict_other_offset(const zoredid_facts* 
 ZOREDID_API size_t zoredid_facts_get_unread(const zoredid_facts* facts, char* buffer, size_t size);
 
 /**
- * The maker's name for three letters: of the system's list (hwdata's pnp.ids), or the library's own where that has no
- * such row. Reads the list at each call. Written to buffer as zoredid_map_get_value does; 0 for unknown letters.
+ * The maker's name for three letters: of the library's own list, else of the system's (hwdata's pnp.ids), read at each
+ * call for letters that the other lacks. Written to buffer as zoredid_map_get_value does; 0 for unknown letters.
  */
 ZOREDID_API size_t zoredid_get_maker_name(const char* letters, char* buffer, size_t size);
 

@@ -35,7 +35,7 @@ void PrintText(const char* pszName, const char* pszText)
 void PrintNames(const CFacts::SIdentity& oIdentity)
 {
     CMString sMaker;
-    if (CFacts::FindMakerName(oIdentity.m_oMaker.m_oValue.m_szLetters, sMaker) == 0)
+    if (CFacts::FindMakerName(oIdentity.m_oMaker.m_oValue.m_szLetters, sMaker, "/usr/share/hwdata/pnp.ids") == 0)
     {
         sMaker.Format("PNP(%s)", oIdentity.m_oMaker.m_oValue.m_szLetters);
     }

@@ -12,10 +12,12 @@ constexpr char gsc_szSystemList[] = "/usr/share/hwdata/pnp.ids";
 constexpr unsigned int gsc_uiMostLine = 256;
 
 // Rows are three letters, a tab and a name.
-bool FindInFile(FILE* poFile, const char* pszLetters, CMString& sName)
+bool FindInFile(const char* pszFile, const char* pszLetters, CMString& sName)
 {
+    FILE* poFile = fopen(pszFile, "re");
+    bool bFound = false;
     char szLine[gsc_uiMostLine];
-    while (fgets(szLine, sizeof(szLine), poFile) != nullptr)
+    while (!bFound && poFile != nullptr && fgets(szLine, sizeof(szLine), poFile) != nullptr)
     {
         char* pszName = szLine + ZorStandards::gsc_uiMakerLetters;
         if (strncmp(szLine, pszLetters, ZorStandards::gsc_uiMakerLetters) == 0 && *pszName == '\t')
@@ -23,10 +25,14 @@ bool FindInFile(FILE* poFile, const char* pszLetters, CMString& sName)
             ++pszName;
             pszName[strcspn(pszName, "\r\n")] = '\0';
             sName = pszName;
-            return true;
+            bFound = true;
         }
     }
-    return false;
+    if (poFile != nullptr)
+    {
+        fclose(poFile);
+    }
+    return bFound;
 }
 } // namespace
 
@@ -36,16 +42,14 @@ int CZorEdidFacts::FindMakerName(const char* pszLetters, CMString& sName, const 
     {
         return 0;
     }
-    FILE* poFile = fopen(pszFile != nullptr ? pszFile : gsc_szSystemList, "re");
-    const bool bFound = poFile != nullptr && FindInFile(poFile, pszLetters, sName);
-    if (poFile != nullptr)
+    if (pszFile != nullptr && FindInFile(pszFile, pszLetters, sName))
     {
-        fclose(poFile);
+        return 1;
     }
-    const char* pszOwn = bFound ? nullptr : ZorStandards::FindMakerName(pszLetters);
-    if (pszOwn != nullptr)
+    if (const char* pszOwn = ZorStandards::FindMakerName(pszLetters))
     {
         sName = pszOwn;
+        return 1;
     }
-    return bFound || pszOwn != nullptr ? 1 : 0;
+    return FindInFile(gsc_szSystemList, pszLetters, sName) ? 1 : 0;
 }

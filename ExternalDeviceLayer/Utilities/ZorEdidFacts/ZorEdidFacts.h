@@ -680,10 +680,10 @@ public:
     /// Null at min(GetConflictCount(), msc_uiMostConflicts) or beyond.
     const SConflict* GetConflict(unsigned int uiIndex) const;
 
-    /// The maker's name for three letters: of the list pszFile, rows of letters, a tab and a name, or, where it is
-    /// null, of the system's (hwdata's pnp.ids); of the library's own list where there is no such file or row. Reads
-    /// the file at each call: a caller with many images keeps the names. Returns 1; 0 with sName unchanged for
-    /// letters that no list has.
+    /// The maker's name for three letters: of the list pszFile, rows of letters, a tab and a name, else of the
+    /// library's own list, else of the system's (hwdata's pnp.ids). Reads files at each call, the system's for letters
+    /// that the others lack: a caller with many images keeps the names. Returns 1; 0 with sName unchanged for letters
+    /// that no list has.
     static int FindMakerName(const char* pszLetters, CMString& sName, const char* pszFile = nullptr);
 
 private:

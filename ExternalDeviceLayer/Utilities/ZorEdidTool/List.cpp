@@ -11,6 +11,7 @@
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 #include "Tool.h"
+#include "ZorEdidFacts.h"
 #include "ZorEdidUtils.h"
 
 namespace
@@ -64,9 +65,9 @@ CRow MakeRow(const SConnector& oConnector, STool& oTool)
     {
         oEdid.GetMonitorID(szMonitor, sizeof(szMonitor));
     }
-    char szMaker[64] = {};
-    oEdid.GetManufacturerName(szMaker, sizeof(szMaker));
-    asRow.insert(asRow.end(), { szMonitor, szMaker, GetSize(oEdid), GetPreferredMode(oEdid) });
+    CMString sMaker;
+    CZorEdidFacts::FindMakerName(ZorStandards::BaseBlock::ReadManufacturerCode(oEdid.GetBaseBlock()).m_szCode, sMaker);
+    asRow.insert(asRow.end(), { szMonitor, std::string(sMaker), GetSize(oEdid), GetPreferredMode(oEdid) });
     return asRow;
 }
 

@@ -367,7 +367,7 @@ class Image:
 
     @property
     def maker_name(self) -> str | None:
-        """The maker's name, of the system's list or the library's own; None for unknown letters."""
+        """The maker's name, of the library's own list or the system's; None for unknown letters."""
         letters = self.facts.identity.manufacturer
         room = ffi.new("char[]", _CUT)
         length = lib.zoredid_get_maker_name(encode(letters), room, _CUT) if letters else 0

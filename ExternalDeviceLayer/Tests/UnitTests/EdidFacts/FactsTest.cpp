@@ -336,6 +336,9 @@ TEST(Facts, MakerName)
     EXPECT_STREQ("A Name of a List", sName);
     EXPECT_EQ(1, CFacts::FindMakerName("DEL", sName, oFile.GetPath())); // the library's own
     EXPECT_STREQ("Dell Computer Corp.", sName);
+    EXPECT_EQ(1, CFacts::FindMakerName("ACI", sName)); // whatever the system's list calls it
+    EXPECT_STREQ("ASUSTek Computer Inc.", sName);
+    EXPECT_EQ(1, CFacts::FindMakerName("DEL", sName));
     EXPECT_EQ(0, CFacts::FindMakerName("@@@", sName, "/nowhere"));
     EXPECT_EQ(0, CFacts::FindMakerName("SAMS", sName));
     EXPECT_STREQ("Dell Computer Corp.", sName);

@@ -9,7 +9,6 @@
 #include "AudioNumbers.h"
 #include "FactList.h"
 #include "Standards/AudioBlocks.h"
-#include "Standards/Makers.h"
 #include "TextFormat.h"
 
 namespace
@@ -167,13 +166,8 @@ std::string DescribeMaker(const CZorEdidFacts::SIdentity& oIdentity)
         return "";
     }
     const std::string sLetters = oIdentity.m_oMaker.m_oValue.m_szLetters;
-    const char* pszName = ZorStandards::FindMakerName(sLetters.c_str());
     CMString sName;
-    if (pszName == nullptr && CFacts::FindMakerName(sLetters.c_str(), sName) != 0)
-    {
-        pszName = sName;
-    }
-    return pszName == nullptr ? sLetters : std::string(pszName) + " (" + sLetters + ")";
+    return CFacts::FindMakerName(sLetters.c_str(), sName) == 0 ? sLetters : std::string(sName) + " (" + sLetters + ")";
 }
 
 std::string DescribeName(const CZorEdidFacts::SIdentity& oIdentity)

@@ -7,7 +7,7 @@
 
 #include "ZorEdidFacts.h"
 
-// "Dell Inc. (DEL)": by the library's list of frequent makers, else by hwdata's of the system.
+// "Dell Inc. (DEL)", by CZorEdidFacts::FindMakerName.
 std::string DescribeMaker(const CZorEdidFacts::SIdentity& oIdentity);
 // The name of the product, else the first other text, else its code.
 std::string DescribeName(const CZorEdidFacts::SIdentity& oIdentity);

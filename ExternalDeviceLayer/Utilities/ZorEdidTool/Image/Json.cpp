@@ -123,11 +123,12 @@ void AddText(const CEdid& oEdid, int (CEdidBase::*pfnGet)(char*, unsigned int) c
 void AddIdentity(const CEdid& oEdid, CJsonWriter& oJson)
 {
     const unsigned char* pui8Base = oEdid.GetBaseBlock();
-    oJson.Member("manufacturer", ReadManufacturerCode(pui8Base).m_szCode);
-    char szName[64] = {};
-    if (oEdid.GetManufacturerName(szName, sizeof(szName)) != 0)
+    const SManufacturerCode oMaker = ReadManufacturerCode(pui8Base);
+    oJson.Member("manufacturer", oMaker.m_szCode);
+    CMString sName;
+    if (CZorEdidFacts::FindMakerName(oMaker.m_szCode, sName) != 0)
     {
-        oJson.Member("manufacturer_name", szName);
+        oJson.Member("manufacturer_name", sName);
     }
     oJson.Member("product_code", ReadProductCode(pui8Base));
     oJson.Member("serial_number", ReadSerialNumber(pui8Base));

@@ -411,15 +411,17 @@ void CModeVisitor::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
         m_oPlaces.m_bMap420 = true;
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedType7:
-        AddLongTimings(DisplayId::gsc_uiType7Tag, oPayload.m_oBytes.GetBits(0, 2, 0), 0,
+        AddLongTimings(DisplayId::gsc_uiType7Tag, oPayload.m_oBytes.Get(Cta::gsc_oTimingRevision), 0,
                        oPayload.Part(1, DisplayId::gsc_oType7.m_uiSize)); // one of them
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedType8:
-        AddTimingCodes(oPayload.m_oBytes.GetBits(0, 7, 6), oPayload.m_oBytes.IsSet(0, 3) ? 2 : 1, oPayload.From(1),
-                       oPayload.m_oBytes.IsSet(0, 5) ? SZorMode::eY420_Also : SZorMode::eY420_No);
+        AddTimingCodes(oPayload.m_oBytes.Get(Cta::gsc_oTimingCodeType),
+                       oPayload.m_oBytes.IsSet(Cta::gsc_oTimingWideCodes) ? 2 : 1, oPayload.From(1),
+                       oPayload.m_oBytes.IsSet(Cta::gsc_oTimingCodes420) ? SZorMode::eY420_Also : SZorMode::eY420_No);
         break;
     case gsc_uiExtended + Cta::gsc_uiExtendedType10:
-        AddLongTimings(DisplayId::gsc_uiType10Tag, 0, oPayload.m_oBytes.GetBits(0, 6, 4), oPayload.From(1));
+        AddLongTimings(DisplayId::gsc_uiType10Tag, 0, oPayload.m_oBytes.Get(Cta::gsc_oTimingMoreBytes),
+                       oPayload.From(1));
         break;
     default:
         break;
@@ -457,10 +459,10 @@ void CModeVisitor::AddFormat(const SPart& oFormat, bool bFraction, bool b420)
 void CModeVisitor::VisitFormats(const SPart& oPayload)
 {
     const CRecordBytes& oHead = oPayload.m_oBytes;
-    const unsigned int uiSize = 1 + oHead.GetBits(0, 1, 0);
+    const unsigned int uiSize = 1 + oHead.Get(Cta::gsc_oFormatsSize);
     for (unsigned int uiAt = 1; uiAt + uiSize <= oPayload.GetSize(); uiAt += uiSize)
     {
-        AddFormat(oPayload.Part(uiAt, uiSize), oHead.IsSet(0, 6), oHead.IsSet(0, 7));
+        AddFormat(oPayload.Part(uiAt, uiSize), oHead.IsSet(Cta::gsc_oFormatsNtsc), oHead.IsSet(Cta::gsc_oFormats420));
     }
 }
 

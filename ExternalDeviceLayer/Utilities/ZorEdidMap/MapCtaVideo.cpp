@@ -130,8 +130,14 @@ bool MakeReferenceMode(const CRecord& oReference, const SModeSource& oSource, CM
 
 // ---- Native Video Resolution Data Block: CTA-861.6 ----
 
-bool IsSizeInTenths(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && !oRecord.IsSet(1, 7); }
-bool IsSizeInWhole(const CRecord& oRecord) { return oRecord.IsSet(1, 0) && oRecord.IsSet(1, 7); }
+bool IsSizeInTenths(const CRecord& oRecord)
+{
+    return oRecord.IsSet(Cta::gsc_oNativeSizePresent) && !oRecord.IsSet(Cta::gsc_oNativeSizeInMillimetres);
+}
+bool IsSizeInWhole(const CRecord& oRecord)
+{
+    return oRecord.IsSet(Cta::gsc_oNativeSizePresent) && oRecord.IsSet(Cta::gsc_oNativeSizeInMillimetres);
+}
 
 constexpr SRow gsc_aoNativeRows[] = {
     { eId_CtaNativeResolutionSizePrecision, Cta::gsc_oNativeSizeInMillimetres, "Image size precision",
@@ -159,30 +165,37 @@ const char* GetResolutionName(unsigned int uiResolution)
 }
 
 constexpr SRow gsc_aoFormatHeadRows[] = {
-    { eId_CtaVideoFormatYcbcr420, Bit(0, 7), "Y420", Flag() },
-    { eId_CtaVideoFormatNtsc, Bit(0, 6), "NTSC", Flag() },
-    { eId_CtaVideoFormatDescriptorLength, Bits(0, 1, 0), "Length of a video format descriptor", NumberFrom1("bytes") },
+    { eId_CtaVideoFormatYcbcr420, Cta::gsc_oFormats420, "Y420", Flag() },
+    { eId_CtaVideoFormatNtsc, Cta::gsc_oFormatsNtsc, "NTSC", Flag() },
+    { eId_CtaVideoFormatDescriptorLength, Cta::gsc_oFormatsSize, "Length of a video format descriptor",
+      NumberFrom1("bytes") },
 };
 constexpr STable gsc_oFormatHeadTable = { eId_CtaVideoFormat, "Video format data block", eArea_Timing,
                                           gsc_aoFormatHeadRows };
 
-// A factor multiplies 25 Hz with BFR50, and 30 Hz with BFR60. Without byte 1 BFR60 and the factors 1 and 2 are meant.
+constexpr SRow FactorRow(EZorEdidField eId, const char* pszName, unsigned int uiPosition)
+{
+    return { eId, Cta::gsc_aoFormatFactors[uiPosition].m_oPlace, pszName, Flag() };
+}
 constexpr SRow gsc_aoFormatRows[] = {
-    { eId_CtaVideoFormatBfr50, Bit(0, 7), "BFR50", Flag() },
-    { eId_CtaVideoFormatFr24, Bit(0, 6), "FR24", Flag() },
-    { eId_CtaVideoFormatResolution, Bits(0, 5, 0), "Resolution identifier", Names(GetResolutionName) },
-    { eId_CtaVideoFormatBfr60, Bit(1, 7), "BFR60", Flag() },
-    { eId_CtaVideoFormatFr144, Bit(1, 6), "FR144", Flag() },
-    { eId_CtaVideoFormatFrameRateFactor16, Bit(1, 5), "Frame rate factor 16", Flag() },
-    { eId_CtaVideoFormatFrameRateFactor12, Bit(1, 4), "Frame rate factor 12", Flag() },
-    { eId_CtaVideoFormatFrameRateFactor8, Bit(1, 3), "Frame rate factor 8", Flag() },
-    { eId_CtaVideoFormatFrameRateFactor4, Bit(1, 2), "Frame rate factor 4", Flag() },
-    { eId_CtaVideoFormatFrameRateFactor2, Bit(1, 1), "Frame rate factor 2", Flag() },
-    { eId_CtaVideoFormatFrameRateFactor1, Bit(1, 0), "Frame rate factor 1", Flag() },
-    { eId_CtaVideoFormatFr48, Bit(2, 0), "FR48", Flag() },
+    { eId_CtaVideoFormatBfr50, Cta::gsc_oFormatBfr50, "BFR50", Flag() },
+    { eId_CtaVideoFormatFr24, Cta::gsc_oFormat24Hz, "FR24", Flag() },
+    { eId_CtaVideoFormatResolution, Cta::gsc_oFormatResolution, "Resolution identifier", Names(GetResolutionName) },
+    { eId_CtaVideoFormatBfr60, Cta::gsc_oFormatBfr60, "BFR60", Flag() },
+    { eId_CtaVideoFormatFr144, Cta::gsc_oFormat144Hz, "FR144", Flag() },
+    FactorRow(eId_CtaVideoFormatFrameRateFactor16, "Frame rate factor 16", 5),
+    FactorRow(eId_CtaVideoFormatFrameRateFactor12, "Frame rate factor 12", 4),
+    FactorRow(eId_CtaVideoFormatFrameRateFactor8, "Frame rate factor 8", 3),
+    FactorRow(eId_CtaVideoFormatFrameRateFactor4, "Frame rate factor 4", 2),
+    FactorRow(eId_CtaVideoFormatFrameRateFactor2, "Frame rate factor 2", 1),
+    FactorRow(eId_CtaVideoFormatFrameRateFactor1, "Frame rate factor 1", 0),
+    { eId_CtaVideoFormatFr48, Cta::gsc_oFormat48Hz, "FR48", Flag() },
 };
 
-CMString FormatSummary(const CRecord& oFormat) { return CMString(GetResolutionName(oFormat.GetBits(0, 5, 0))); }
+CMString FormatSummary(const CRecord& oFormat)
+{
+    return CMString(GetResolutionName(oFormat.Get(Cta::gsc_oFormatResolution)));
+}
 
 bool MakeFormatMode(const CRecord& oFormat, const SModeSource& oSource, CMode& oMode)
 {
@@ -224,32 +237,29 @@ constexpr SRow gsc_aoCapabilityRows[] = {
 
 // ---- DisplayID timings in CTA-861 data blocks: CTA-861-H 7.5.17 ----
 
-// The first byte of the payload is the second one of a DisplayID data block: revision and what the type adds to it.
-constexpr unsigned int gsc_uiTypeVii = 0x22;
-constexpr unsigned int gsc_uiTypeX = 0x2A;
-constexpr unsigned int gsc_uiTypeViiSize = 20;
-constexpr unsigned int gsc_uiTypeXSize = 6;
-
 constexpr SRow gsc_aoTypeViiRows[] = {
-    { eId_CtaType7M, Bits(0, 6, 4), "T7_M", Number("bytes").Expect(0, eZorEdidRule_CtaType7Extra) },
-    { eId_CtaType7Revision, Bits(0, 2, 0), "Block revision", Number().Expect(2, eZorEdidRule_CtaType7Revision) },
+    { eId_CtaType7M, Cta::gsc_oTimingMoreBytes, "T7_M", Number("bytes").Expect(0, eZorEdidRule_CtaType7Extra) },
+    { eId_CtaType7Revision, Cta::gsc_oTimingRevision, "Block revision",
+      Number().Expect(2, eZorEdidRule_CtaType7Revision) },
 };
 constexpr STable gsc_oTypeViiTable = { eId_CtaType7, "Type VII", eArea_Timing, gsc_aoTypeViiRows };
 
 // Other words than those of DisplayID.
 constexpr auto gsc_aoTypeViiiCodes = Listed({ "DMT", "CTA-861", "HDMI", gsc_szReserved });
 constexpr SRow gsc_aoTypeViiiRows[] = {
-    { eId_CtaType8CodeType, Bits(0, 7, 6), "Timing code type",
+    { eId_CtaType8CodeType, Cta::gsc_oTimingCodeType, "Timing code type",
       Names(gsc_aoTypeViiiCodes).Expect(0, eZorEdidRule_CtaType8Codes) },
-    { eId_CtaType8Ycbcr420, Bit(0, 5), "T8Y420", Flag() },
-    { eId_CtaType8CodeSize, Bit(0, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
-    { eId_CtaType8Revision, Bits(0, 2, 0), "Block revision", Number().Expect(1, eZorEdidRule_CtaType8Revision) },
+    { eId_CtaType8Ycbcr420, Cta::gsc_oTimingCodes420, "T8Y420", Flag() },
+    { eId_CtaType8CodeSize, Cta::gsc_oTimingWideCodes, "Timing code size", Flag(gsc_aoCodeSizes) },
+    { eId_CtaType8Revision, Cta::gsc_oTimingRevision, "Block revision",
+      Number().Expect(1, eZorEdidRule_CtaType8Revision) },
 };
 constexpr STable gsc_oTypeViiiTable = { eId_CtaType8, "Type VIII", eArea_Timing, gsc_aoTypeViiiRows };
 
 constexpr SRow gsc_aoTypeXRows[] = {
-    { eId_CtaType10M, Bits(0, 6, 4), "T10_M", Number("bytes") },
-    { eId_CtaType10Revision, Bits(0, 2, 0), "Block revision", Number().Expect(0, eZorEdidRule_CtaType10Revision) },
+    { eId_CtaType10M, Cta::gsc_oTimingMoreBytes, "T10_M", Number("bytes") },
+    { eId_CtaType10Revision, Cta::gsc_oTimingRevision, "Block revision",
+      Number().Expect(0, eZorEdidRule_CtaType10Revision) },
 };
 constexpr STable gsc_oTypeXTable = { eId_CtaType10, "Type X", eArea_Timing, gsc_aoTypeXRows };
 
@@ -323,9 +333,9 @@ void MapCtaNative(CMapWriter& oWriter, const SCtaPayload& oPayload)
 void MapCtaVideoFormats(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     const CRecord oHead = GetHead(oWriter, oPayload);
-    const unsigned int uiSize = 1 + oHead.GetBits(0, 1, 0);
-    const unsigned int uiMarks =
-        (oHead.IsSet(0, 7) ? gsc_uiMarkAlso420 : 0U) | (oHead.IsSet(0, 6) ? gsc_uiMarkFraction : 0U);
+    const unsigned int uiSize = 1 + oHead.Get(Cta::gsc_oFormatsSize);
+    const unsigned int uiMarks = (oHead.IsSet(Cta::gsc_oFormats420) ? gsc_uiMarkAlso420 : 0U) |
+                                 (oHead.IsSet(Cta::gsc_oFormatsNtsc) ? gsc_uiMarkFraction : 0U);
     AddBehindHead(oWriter, oPayload, gsc_oFormatHeadTable, uiSize, [&](unsigned int uiOffset) {
         oWriter.SetMode(oWriter.AddRecord(gsc_oFormatTable, uiOffset, uiSize), 0, uiMarks);
     });
@@ -374,27 +384,28 @@ void MapCtaCapabilityMap(CMapWriter& oWriter, const SCtaPayload& oPayload)
 void MapCtaTypeVii(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     oWriter.AddRows(gsc_oTypeViiTable, oPayload.m_uiOffset, std::min(oPayload.m_uiLength, 1U));
-    if (oPayload.m_uiLength > gsc_uiTypeViiSize)
+    if (oPayload.m_uiLength > DisplayId::gsc_oType7.m_uiSize)
     {
-        MapDisplayIdTiming(oWriter, gsc_uiTypeVii, GetHead(oWriter, oPayload).GetBits(0, 2, 0), oPayload.m_uiOffset + 1,
-                           gsc_uiTypeViiSize);
+        MapDisplayIdTiming(oWriter, DisplayId::gsc_uiType7Tag, GetHead(oWriter, oPayload).Get(Cta::gsc_oTimingRevision),
+                           oPayload.m_uiOffset + 1, DisplayId::gsc_oType7.m_uiSize);
     }
 }
 
 void MapCtaTypeViii(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     const CRecord oHead = GetHead(oWriter, oPayload);
-    const unsigned int uiSize = oHead.IsSet(0, 3) ? 2 : 1;
-    AddBehindHead(oWriter, oPayload, gsc_oTypeViiiTable, uiSize,
-                  [&](unsigned int uiOffset) { MapTimingCode(oWriter, oHead.GetBits(0, 7, 6), uiOffset, uiSize); });
+    const unsigned int uiSize = oHead.IsSet(Cta::gsc_oTimingWideCodes) ? 2 : 1;
+    AddBehindHead(oWriter, oPayload, gsc_oTypeViiiTable, uiSize, [&](unsigned int uiOffset) {
+        MapTimingCode(oWriter, oHead.Get(Cta::gsc_oTimingCodeType), uiOffset, uiSize);
+    });
 }
 
 void MapCtaTypeX(CMapWriter& oWriter, const SCtaPayload& oPayload)
 {
     const CRecord oHead = GetHead(oWriter, oPayload);
-    const unsigned int uiSize = gsc_uiTypeXSize + oHead.GetBits(0, 6, 4);
+    const unsigned int uiSize = DisplayId::gsc_uiType10Size + oHead.Get(Cta::gsc_oTimingMoreBytes);
     AddBehindHead(oWriter, oPayload, gsc_oTypeXTable, uiSize, [&](unsigned int uiOffset) {
-        MapDisplayIdTiming(oWriter, gsc_uiTypeX, oHead.GetBits(0, 2, 0), uiOffset, uiSize);
+        MapDisplayIdTiming(oWriter, DisplayId::gsc_uiType10Tag, oHead.Get(Cta::gsc_oTimingRevision), uiOffset, uiSize);
     });
 }
 

@@ -28,11 +28,7 @@ const char* GetCodeName(unsigned int uiCode)
 
 // ---- Type I, DisplayID 1.3 (tag 3), and Type VII, DisplayID 2.0 (tag 22h): 20 bytes ----
 
-using DisplayId::gsc_oType1;
-using DisplayId::gsc_oType2;
-using DisplayId::gsc_oType6;
-using DisplayId::gsc_oType7;
-using DisplayId::STimingPlaces;
+using namespace DisplayId;
 
 // All are stored minus 1.
 template <const STimingPlaces& P>
@@ -78,25 +74,25 @@ struct SDetailedRows
                                          msc_oLines };
 };
 
-constexpr SRow PreferredRow(unsigned int uiByte)
+constexpr SRow PreferredRow(const STimingFlags& oFlags)
 {
-    return { eId_DisplayidTimingPreferred, Bit(uiByte, 7), "Preferred timing", Flag() };
+    return { eId_DisplayidTimingPreferred, oFlags.m_oPreferred, "Preferred timing", Flag() };
 }
-constexpr SRow Y420Row(unsigned int uiByte)
+constexpr SRow Y420Row(const STimingFlags& oFlags)
 {
-    return { eId_DisplayidTimingYcbcr420, Bit(uiByte, 7), "YCbCr 4:2:0 supported", Flag() };
+    return { eId_DisplayidTimingYcbcr420, oFlags.m_oY420, "YCbCr 4:2:0 supported", Flag() };
 }
-constexpr SRow StereoRow(unsigned int uiByte)
+constexpr SRow StereoRow(const STimingFlags& oFlags)
 {
-    return { eId_DisplayidTimingStereo, Bits(uiByte, 6, 5), "3D stereo support", Names(gsc_aoStereoSupport) };
+    return { eId_DisplayidTimingStereo, oFlags.m_oStereo, "3D stereo support", Names(gsc_aoStereoSupport) };
 }
 constexpr SRow ScanningRow(const SPlace& oPlace)
 {
     return { eId_DisplayidTimingInterlaced, oPlace, "Frame scanning type", Flag(gsc_aoScanning) };
 }
-constexpr SRow AspectRow(unsigned int uiByte)
+constexpr SRow AspectRow(const STimingFlags& oFlags)
 {
-    return { eId_DisplayidTimingAspectRatio, Bits(uiByte, 3, 0), "Aspect ratio", Names(gsc_aoAspectRatios) };
+    return { eId_DisplayidTimingAspectRatio, oFlags.m_oAspect, "Aspect ratio", Names(gsc_aoAspectRatios) };
 }
 constexpr SRow HorizontalPolarityRow(const STimingPlaces& oPlaces)
 {
@@ -110,15 +106,15 @@ constexpr SRow VerticalPolarityRow(const STimingPlaces& oPlaces)
 }
 
 template <const STimingPlaces& P>
-constexpr auto LongRows(const SRow& oBit7OfByte3)
+constexpr auto LongRows(const STimingFlags& oFlags, const SRow& oFirstFlag)
 {
     using CRows = SDetailedRows<P>;
     return std::to_array<SRow>({
         CRows::msc_oClock,
-        oBit7OfByte3,
-        StereoRow(3),
+        oFirstFlag,
+        StereoRow(oFlags),
         ScanningRow(P.m_oInterlaced),
-        AspectRow(3),
+        AspectRow(oFlags),
         CRows::msc_oActiveX,
         CRows::msc_oBlankX,
         CRows::msc_oFrontX,
@@ -132,17 +128,18 @@ constexpr auto LongRows(const SRow& oBit7OfByte3)
     });
 }
 
-constexpr auto gsc_aoType1Rows = LongRows<gsc_oType1>(PreferredRow(3));
-constexpr auto gsc_aoType7Rows = LongRows<gsc_oType7>(PreferredRow(3));
-constexpr auto gsc_aoType7Revision2Rows = LongRows<gsc_oType7>(Y420Row(3)); // DisplayID 2.1
+constexpr auto gsc_aoType1Rows = LongRows<gsc_oType1>(gsc_oFlags1, PreferredRow(gsc_oFlags1));
+constexpr auto gsc_aoType7Rows = LongRows<gsc_oType7>(gsc_oFlags7, PreferredRow(gsc_oFlags7));
+constexpr auto gsc_aoType7Revision2Rows = // DisplayID 2.1
+    LongRows<gsc_oType7>(gsc_oFlags7Revision2, Y420Row(gsc_oFlags7Revision2));
 
 // ---- Type II, DisplayID 1.3 (tag 4): 11 bytes ----
 
 using CType2 = SDetailedRows<gsc_oType2>;
 constexpr SRow gsc_aoType2Rows[] = {
     CType2::msc_oClock,
-    PreferredRow(3),
-    StereoRow(3),
+    PreferredRow(gsc_oFlags2),
+    StereoRow(gsc_oFlags2),
     ScanningRow(gsc_oType2.m_oInterlaced),
     HorizontalPolarityRow(gsc_oType2),
     VerticalPolarityRow(gsc_oType2),
@@ -165,12 +162,12 @@ constexpr SMeaning gsc_aoType3Formulas[] = { { 0, 0, "CVT standard blanking" },
                                              { 2, 7, gsc_szReserved } };
 
 constexpr SRow gsc_aoType3Rows[] = {
-    PreferredRow(0),
-    { eId_DisplayidTimingFormula, Bits(0, 6, 4), "Timing formula", Names(gsc_aoType3Formulas) },
-    AspectRow(0),
-    { eId_DisplayidTimingHorizontalActive, Byte(1), "Horizontal active image", Number("pixels").Times(8, 8) },
-    ScanningRow(Bit(2, 7)),
-    { eId_DisplayidTimingRefreshRate, Bits(2, 6, 0), "Refresh rate", NumberFrom1("Hz") },
+    PreferredRow(gsc_oFlags3),
+    { eId_DisplayidTimingFormula, gsc_oType3Formula, "Timing formula", Names(gsc_aoType3Formulas) },
+    AspectRow(gsc_oFlags3),
+    { eId_DisplayidTimingHorizontalActive, gsc_oType3Width, "Horizontal active image", Number("pixels").Times(8, 8) },
+    ScanningRow(gsc_oType3Interlaced),
+    { eId_DisplayidTimingRefreshRate, gsc_oType3Rate, "Refresh rate", NumberFrom1("Hz") },
 };
 
 // ---- By formula: Type V, DisplayID 1.3 (tag 11h), 7 bytes; Type IX, DisplayID 2.0 (tag 24h), 6 bytes; Type X,
@@ -186,52 +183,51 @@ constexpr auto gsc_aoType10Formulas = ListedTo(
 constexpr auto gsc_aoBaseBlanks = Listed({ "80 pixels", "160 pixels" });
 constexpr auto gsc_aoLeastBlankTimes = Listed({ "460 us", "300 us" });
 
-constexpr SRow FractionalRateRow(unsigned int uiByte, bool (*pfnApplies)(const CRecord&) = nullptr)
+constexpr SRow FractionalRateRow(const STimingFlags& oFlags, bool (*pfnApplies)(const CRecord&) = nullptr)
 {
-    return { eId_DisplayidTimingFractionalRate, Bit(uiByte, 4), "Refresh rate * 1000/1001 supported", Flag(),
+    return { eId_DisplayidTimingFractionalRate, oFlags.m_oFraction, "Refresh rate * 1000/1001 supported", Flag(),
              pfnApplies };
 }
-constexpr SRow WidthRow(unsigned int uiOffset)
+constexpr SRow WidthRow(const SFormulaPlaces& oPlaces)
 {
-    return { eId_DisplayidTimingHorizontalActive, Little16(uiOffset), "Horizontal active image",
-             NumberFrom1("pixels") };
+    return { eId_DisplayidTimingHorizontalActive, oPlaces.m_oWidth, "Horizontal active image", NumberFrom1("pixels") };
 }
-constexpr SRow HeightRow(unsigned int uiOffset)
+constexpr SRow HeightRow(const SFormulaPlaces& oPlaces)
 {
-    return { eId_DisplayidTimingVerticalActive, Little16(uiOffset), "Vertical active image", NumberFrom1("lines") };
+    return { eId_DisplayidTimingVerticalActive, oPlaces.m_oHeight, "Vertical active image", NumberFrom1("lines") };
 }
-constexpr SRow RateRow(const SPlace& oPlace)
+constexpr SRow RateRow(const SPlace& oPlace, bool (*pfnApplies)(const CRecord&) = nullptr)
 {
-    return { eId_DisplayidTimingRefreshRate, oPlace, "Refresh rate", NumberFrom1("Hz") };
+    return { eId_DisplayidTimingRefreshRate, oPlace, "Refresh rate", NumberFrom1("Hz"), pfnApplies };
 }
 
 constexpr SRow gsc_aoType5Rows[] = {
-    PreferredRow(0),
-    StereoRow(0),
-    FractionalRateRow(0),
+    PreferredRow(gsc_oFlags5),
+    StereoRow(gsc_oFlags5),
+    FractionalRateRow(gsc_oFlags5),
     { eId_Reserved, Bits(0, 3, 2), "Reserved", Reserved() },
-    { eId_DisplayidTimingFormula, Bits(0, 1, 0), "Timing formula", Names(gsc_aoType5Formulas) },
+    { eId_DisplayidTimingFormula, gsc_oType5.m_oFormula, "Timing formula", Names(gsc_aoType5Formulas) },
     { eId_Reserved, Byte(1), "Reserved", Reserved() },
-    WidthRow(2),
-    HeightRow(4),
-    RateRow(Byte(6)),
+    WidthRow(gsc_oType5),
+    HeightRow(gsc_oType5),
+    RateRow(gsc_oType5.m_oRate),
 };
 
 constexpr SRow gsc_aoType9Rows[] = {
     { eId_Reserved, Bit(0, 7), "Reserved", Reserved() },
-    StereoRow(0),
-    FractionalRateRow(0),
+    StereoRow(gsc_oFlags9),
+    FractionalRateRow(gsc_oFlags9),
     { eId_Reserved, Bit(0, 3), "Reserved", Reserved() },
-    { eId_DisplayidTimingFormula, Bits(0, 2, 0), "Timing formula", Names(gsc_aoType9Formulas) },
-    WidthRow(1),
-    HeightRow(3),
-    RateRow(gsc_oType10NarrowRate),
+    { eId_DisplayidTimingFormula, gsc_oType9.m_oFormula, "Timing formula", Names(gsc_aoType9Formulas) },
+    WidthRow(gsc_oType9),
+    HeightRow(gsc_oType9),
+    RateRow(gsc_oType9.m_oRate),
 };
 
-bool IsFormula2(const CRecord& oTiming) { return oTiming.GetBits(0, 2, 0) == 2; }
-bool IsFormula3(const CRecord& oTiming) { return oTiming.GetBits(0, 2, 0) == 3; }
+bool IsFormula2(const CRecord& oTiming) { return oTiming.Get(gsc_oType10.m_oFormula) == 2; }
+bool IsFormula3(const CRecord& oTiming) { return oTiming.Get(gsc_oType10.m_oFormula) == 3; }
 bool IsOtherFormula(const CRecord& oTiming) { return !IsFormula2(oTiming) && !IsFormula3(oTiming); }
-bool HasWideRate(const CRecord& oTiming) { return oTiming.GetSize() > 6; }
+bool HasWideRate(const CRecord& oTiming) { return oTiming.GetSize() >= gsc_uiType10WideSize; }
 bool HasDeltas(const CRecord& oTiming) { return HasWideRate(oTiming) && IsFormula3(oTiming); }
 bool HasNoDeltas(const CRecord& oTiming) { return HasWideRate(oTiming) && !IsFormula3(oTiming); }
 
@@ -246,33 +242,32 @@ long long GetAdditionalBlankTime(const CRecord& oTiming, unsigned int /*uiSteps*
 }
 
 constexpr SRow gsc_aoType10Rows[] = {
-    Y420Row(0),
-    StereoRow(0),
-    FractionalRateRow(0, IsFormula2),
-    { eId_DisplayidTimingBaseHorizontalBlank, Bit(0, 4), "Base horizontal blank", Flag(gsc_aoBaseBlanks), IsFormula3 },
-    { eId_Reserved, Bit(0, 4), "Reserved", Reserved(), IsOtherFormula },
-    { eId_DisplayidTimingEarlyVerticalSync, Bit(0, 3), "Early vertical sync", Flag(), IsFormula3 },
-    { eId_Reserved, Bit(0, 3), "Reserved", Reserved(), IsNot<IsFormula3> },
-    { eId_DisplayidTimingFormula, Bits(0, 2, 0), "Timing formula", Names(gsc_aoType10Formulas) },
-    WidthRow(1),
-    HeightRow(3),
-    { eId_DisplayidTimingRefreshRate, gsc_oType10NarrowRate, "Refresh rate", NumberFrom1("Hz"), IsNot<HasWideRate> },
-    { eId_DisplayidTimingRefreshRate, gsc_oType10WideRate, "Refresh rate", NumberFrom1("Hz"), HasWideRate },
-    { eId_DisplayidTimingAdditionalVerticalBlank, Bits(6, 7, 5), "Additional vertical blank time",
+    Y420Row(gsc_oFlags10),
+    StereoRow(gsc_oFlags10),
+    FractionalRateRow(gsc_oFlags10, IsFormula2),
+    { eId_DisplayidTimingBaseHorizontalBlank, gsc_oBlankFrom160, "Base horizontal blank", Flag(gsc_aoBaseBlanks),
+      IsFormula3 },
+    { eId_Reserved, gsc_oBlankFrom160, "Reserved", Reserved(), IsOtherFormula },
+    { eId_DisplayidTimingEarlyVerticalSync, gsc_oEarlySync, "Early vertical sync", Flag(), IsFormula3 },
+    { eId_Reserved, gsc_oEarlySync, "Reserved", Reserved(), IsNot<IsFormula3> },
+    { eId_DisplayidTimingFormula, gsc_oType10.m_oFormula, "Timing formula", Names(gsc_aoType10Formulas) },
+    WidthRow(gsc_oType10),
+    HeightRow(gsc_oType10),
+    RateRow(gsc_oType10.m_oRate, IsNot<HasWideRate>),
+    RateRow(gsc_oType10WideRate, HasWideRate),
+    { eId_DisplayidTimingAdditionalVerticalBlank, gsc_oMoreBlankTime, "Additional vertical blank time",
       Number("us").Computed(GetAdditionalBlankTime), HasDeltas },
-    { eId_DisplayidTimingHorizontalBlanking, Bits(6, 4, 2), "Horizontal blank",
+    { eId_DisplayidTimingHorizontalBlanking, gsc_oBlankSteps, "Horizontal blank",
       Number("pixels").Computed(GetHorizontalBlank), HasDeltas },
     { eId_Reserved, Bits(6, 7, 2), "Reserved", Reserved(), HasNoDeltas },
     { eId_Reserved, Bits(7, 7, 1), "Reserved", Reserved() },
-    { eId_DisplayidTimingMinVerticalBlankTime, Bit(7, 0), "Minimum vertical blank time", Flag(gsc_aoLeastBlankTimes) },
+    { eId_DisplayidTimingMinVerticalBlankTime, gsc_oLeastBlankOf300, "Minimum vertical blank time",
+      Flag(gsc_aoLeastBlankTimes) },
 };
 
 // ---- Type VI, DisplayID 1.3 (tag 13h): 14 bytes, or 17 with aspect ratio and size ----
 
-constexpr unsigned int gsc_uiType6Size = gsc_oType6.m_uiSize;
-using DisplayId::gsc_uiType6LongSize;
-
-bool HasSize(const CRecord& oTiming) { return oTiming.IsSet(2, 6); }
+bool HasSize(const CRecord& oTiming) { return oTiming.IsSet(gsc_oType6IsLong); }
 
 long long GetType6Height(const CRecord& oTiming, unsigned int uiHeight)
 {
@@ -282,8 +277,8 @@ long long GetType6Height(const CRecord& oTiming, unsigned int uiHeight)
 using CType6 = SDetailedRows<gsc_oType6>;
 constexpr SRow gsc_aoType6Rows[] = {
     CType6::msc_oClock,
-    PreferredRow(2),
-    { eId_DisplayidTimingSizePresent, Bit(2, 6), "Aspect ratio and size present", Flag() },
+    PreferredRow(gsc_oFlags6),
+    { eId_DisplayidTimingSizePresent, gsc_oType6IsLong, "Aspect ratio and size present", Flag() },
     CType6::msc_oActiveX,
     HorizontalPolarityRow(gsc_oType6),
     { eId_Reserved, Bit(4, 6), "Reserved", Reserved() },
@@ -296,7 +291,7 @@ constexpr SRow gsc_aoType6Rows[] = {
     CType6::msc_oBlankY,
     CType6::msc_oFrontY,
     ScanningRow(gsc_oType6.m_oInterlaced),
-    StereoRow(13),
+    StereoRow(gsc_oFlags6),
     { eId_Reserved, Bit(13, 4), "Reserved", Reserved() },
     CType6::msc_oSyncY,
     { eId_DisplayidTimingImageAspectRatio, Byte(14), "Aspect ratio", Fraction(nullptr, 256).Times(30000), HasSize },
@@ -316,34 +311,34 @@ struct STimingKind
 
 // Of two rows with the same tag the later one counts, when its revision is reached.
 constexpr STimingKind gsc_aoTimingKinds[] = {
-    { 0x03,
+    { gsc_uiType1Tag,
       0,
       { eId_DisplayidType1Timing, "Type I timing", eArea_Timing, gsc_aoType1Rows, nullptr, MakeMode<ReadType1Mode> } },
-    { 0x04,
+    { gsc_uiType2Tag,
       0,
       { eId_DisplayidType2Timing, "Type II timing", eArea_Timing, gsc_aoType2Rows, nullptr, MakeMode<ReadType2Mode> } },
-    { 0x05,
+    { gsc_uiType3Tag,
       0,
       { eId_DisplayidType3Timing, "Type III timing", eArea_Timing, gsc_aoType3Rows, nullptr,
         MakeMode<ReadType3Mode> } },
-    { 0x11,
+    { gsc_uiType5Tag,
       0,
       { eId_DisplayidType5Timing, "Type V timing", eArea_Timing, gsc_aoType5Rows, nullptr, MakeMode<ReadType5Mode> } },
-    { 0x13,
+    { gsc_uiType6Tag,
       0,
       { eId_DisplayidType6Timing, "Type VI timing", eArea_Timing, gsc_aoType6Rows, nullptr, MakeMode<ReadType6Mode> } },
-    { 0x22,
+    { gsc_uiType7Tag,
       0,
       { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Rows, nullptr,
         MakeMode<ReadType7Mode> } },
-    { 0x22,
+    { gsc_uiType7Tag,
       2,
       { eId_DisplayidType7Timing, "Type VII timing", eArea_Timing, gsc_aoType7Revision2Rows, nullptr,
         MakeMode<ReadType7Revision2Mode> } },
-    { 0x24,
+    { gsc_uiType9Tag,
       0,
       { eId_DisplayidType9Timing, "Type IX timing", eArea_Timing, gsc_aoType9Rows, nullptr, MakeMode<ReadType9Mode> } },
-    { 0x2A,
+    { gsc_uiType10Tag,
       0,
       { eId_DisplayidType10Timing, "Type X timing", eArea_Timing, gsc_aoType10Rows, nullptr,
         MakeMode<ReadType10Mode> } },
@@ -393,11 +388,10 @@ constexpr SCodeKind gsc_aoCodeKinds[] = {
 
 // Type IV, DisplayID 1.3 (tag 6), from revision 1 on, and Type VIII, DisplayID 2.0 (tag 23h): the type of the codes is
 // in the flags. Revision 0 of Type IV has DMT only.
-using DisplayId::gsc_uiType4Tag;
 unsigned int GetCodeType(const CRecord& oBlock)
 {
     const bool bDmt = oBlock.GetByte(0) == gsc_uiType4Tag && IsRevision0(oBlock);
-    return bDmt ? 0 : oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 7, 6);
+    return bDmt ? 0 : oBlock.Get(gsc_oCodeType);
 }
 
 void MapCodes(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiCodeSize)
@@ -413,22 +407,22 @@ void MapType4(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 }
 void MapType8(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
-    MapCodes(oWriter, oBlock, uiOffset, oBlock.IsSet(gsc_uiDataBlockFlagsOffset, 3) ? 2 : 1);
+    MapCodes(oWriter, oBlock, uiOffset, oBlock.IsSet(gsc_oWideCodes) ? 2 : 1);
 }
 
 constexpr SRow gsc_aoType4FlagRows[] = {
-    { eId_DisplayidTimingBlockCodeType, Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes), IsRevision1Plus },
-    { eId_Reserved, Bits(1, 7, 6), "Reserved", Reserved(), IsRevision0 },
+    { eId_DisplayidTimingBlockCodeType, gsc_oCodeType, "Timing code type", Names(gsc_aoCodeTypes), IsRevision1Plus },
+    { eId_Reserved, gsc_oCodeType, "Reserved", Reserved(), IsRevision0 },
     { eId_Reserved, Bits(1, 5, 3), "Reserved", Reserved() },
 };
 constexpr STable gsc_oType4Flags = { eZorEdidField_None, "Flags", eArea_Timing, gsc_aoType4FlagRows };
 
 constexpr SRow gsc_aoType8FlagRows[] = {
-    { eId_DisplayidTimingBlockCodeType, Bits(1, 7, 6), "Timing code type", Names(gsc_aoCodeTypes) },
-    { eId_DisplayidTimingBlockYcbcr420, Bit(1, 5), "YCbCr 4:2:0 supported", Flag(), IsRevision1Plus },
-    { eId_Reserved, Bit(1, 5), "Reserved", Reserved(), IsRevision0 },
+    { eId_DisplayidTimingBlockCodeType, gsc_oCodeType, "Timing code type", Names(gsc_aoCodeTypes) },
+    { eId_DisplayidTimingBlockYcbcr420, gsc_oCodes420, "YCbCr 4:2:0 supported", Flag(), IsRevision1Plus },
+    { eId_Reserved, gsc_oCodes420, "Reserved", Reserved(), IsRevision0 },
     { eId_Reserved, Bit(1, 4), "Reserved", Reserved() },
-    { eId_DisplayidTimingBlockCodeSize, Bit(1, 3), "Timing code size", Flag(gsc_aoCodeSizes) },
+    { eId_DisplayidTimingBlockCodeSize, gsc_oWideCodes, "Timing code size", Flag(gsc_aoCodeSizes) },
 };
 constexpr STable gsc_oType8Flags = { eZorEdidField_None, "Flags", eArea_Timing, gsc_aoType8FlagRows };
 
@@ -465,7 +459,7 @@ void MapVicBits(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffse
 
 unsigned int GetRecordSize(const CRecord& oBlock, unsigned int uiLeast)
 {
-    return uiLeast + oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 6, 4); // the flags are reserved where none are extra
+    return uiLeast + oBlock.Get(gsc_oMoreTimingBytes); // the flags are reserved where none are extra
 }
 
 void MapTimings(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset, unsigned int uiSize)
@@ -492,7 +486,8 @@ void MapType6(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
     unsigned int uiSize = 0;
     for (unsigned int uiAt = gsc_uiPayloadOffset; uiAt < oBlock.GetSize(); uiAt += uiSize)
     {
-        uiSize = oBlock.IsSet(uiAt + 2, 6) ? gsc_uiType6LongSize : gsc_uiType6Size;
+        const CRecordBytes oTiming = oBlock.GetPart(uiAt, gsc_uiType6LongSize);
+        uiSize = oTiming.IsSet(gsc_oType6IsLong) ? gsc_uiType6LongSize : gsc_oType6.m_uiSize;
         if (uiSize > oBlock.GetSize() - uiAt)
         {
             NoteBlock(oWriter, oBlock, uiOffset, eZorEdidRule_DisplayIdPart);
@@ -504,7 +499,7 @@ void MapType6(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 
 constexpr SRow gsc_aoType10FlagRows[] = {
     { eId_Reserved, Bit(1, 7), "Reserved", Reserved() },
-    { eId_DisplayidTimingBlockExtraBytes, Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes"), nullptr,
+    { eId_DisplayidTimingBlockExtraBytes, gsc_oMoreTimingBytes, "Extra bytes of each timing", Number("bytes"), nullptr,
       CheckWithin<0, 2> },
     { eId_Reserved, Bit(1, 3), "Reserved", Reserved() },
 };
@@ -512,7 +507,7 @@ constexpr STable gsc_oType10Flags = { eZorEdidField_None, "Flags", eArea_Structu
 
 constexpr SRow gsc_aoType7FlagRows[] = {
     { eId_Reserved, Bit(1, 7), "Reserved", Reserved() },
-    { eId_DisplayidTimingBlockExtraBytes, Bits(1, 6, 4), "Extra bytes of each timing", Number("bytes") },
+    { eId_DisplayidTimingBlockExtraBytes, gsc_oMoreTimingBytes, "Extra bytes of each timing", Number("bytes") },
     { eId_DisplayidTimingBlockDscPassThrough, Bit(1, 3), "DSC pass-through timings", Flag(), IsRevision1Plus },
     { eId_Reserved, Bit(1, 3), "Reserved", Reserved(), IsRevision0 },
 };
@@ -520,25 +515,25 @@ constexpr STable gsc_oType7Flags = { eZorEdidField_None, "Flags", eArea_Timing, 
 
 // clang-format off
 constexpr SDisplayIdBlock gsc_aoBlocks1[] = {
-    { 0x03, Group(eId_DisplayidType1, "Type I timing - detailed data block", eArea_Timing), ItemsOf(20), nullptr, {}, MapTimingsOf<20> },
-    { 0x04, Group(eId_DisplayidType2, "Type II timing - detailed data block", eArea_Timing), ItemsOf(11), nullptr, {}, MapTimingsOf<11> },
-    { 0x05, Group(eId_DisplayidType3, "Type III timing - short data block", eArea_Timing), ItemsOf(3), nullptr, {}, MapTimingsOf<3> },
-    { 0x06, Group(eId_DisplayidType4, "Type IV timing - DMT ID code data block", eArea_Timing), ItemsOf(1), &gsc_oType4Flags, {}, MapType4 },
-    { 0x07, Group(eId_DisplayidDmtModes, "VESA timing standard data block", eArea_Timing), Exactly(10), nullptr, {}, MapDmtBits },
-    { 0x08, Group(eId_DisplayidVicModes, "CEA timing standard data block", eArea_Timing), Exactly(8), nullptr, {}, MapVicBits },
-    { 0x11, Group(eId_DisplayidType5, "Type V timing - short data block", eArea_Timing), ItemsOf(7), nullptr, {}, MapTimingsOf<7> },
-    { 0x13, Group(eId_DisplayidType6, "Type VI timing - detailed data block", eArea_Timing),
-      AtLeast(gsc_uiType6Size), nullptr, {}, MapType6 },
+    { gsc_uiType1Tag, Group(eId_DisplayidType1, "Type I timing - detailed data block", eArea_Timing), ItemsOf(gsc_oType1.m_uiSize), nullptr, {}, MapTimingsOf<gsc_oType1.m_uiSize> },
+    { gsc_uiType2Tag, Group(eId_DisplayidType2, "Type II timing - detailed data block", eArea_Timing), ItemsOf(gsc_oType2.m_uiSize), nullptr, {}, MapTimingsOf<gsc_oType2.m_uiSize> },
+    { gsc_uiType3Tag, Group(eId_DisplayidType3, "Type III timing - short data block", eArea_Timing), ItemsOf(gsc_uiType3Size), nullptr, {}, MapTimingsOf<gsc_uiType3Size> },
+    { gsc_uiType4Tag, Group(eId_DisplayidType4, "Type IV timing - DMT ID code data block", eArea_Timing), ItemsOf(1), &gsc_oType4Flags, {}, MapType4 },
+    { gsc_uiDmtBitsTag, Group(eId_DisplayidDmtModes, "VESA timing standard data block", eArea_Timing), Exactly(10), nullptr, {}, MapDmtBits },
+    { gsc_uiVicBitsTag, Group(eId_DisplayidVicModes, "CEA timing standard data block", eArea_Timing), Exactly(8), nullptr, {}, MapVicBits },
+    { gsc_uiType5Tag, Group(eId_DisplayidType5, "Type V timing - short data block", eArea_Timing), ItemsOf(gsc_uiType5Size), nullptr, {}, MapTimingsOf<gsc_uiType5Size> },
+    { gsc_uiType6Tag, Group(eId_DisplayidType6, "Type VI timing - detailed data block", eArea_Timing),
+      AtLeast(gsc_oType6.m_uiSize), nullptr, {}, MapType6 },
 };
 
 constexpr SDisplayIdBlock gsc_aoBlocks2[] = {
-    { 0x22, Group(eId_DisplayidType7, "Type VII timing - detailed data block", eArea_Timing),
-      ItemsWithExtraBytes(20), &gsc_oType7Flags, {}, MapExtendedTimings<20> },
-    { 0x23, Group(eId_DisplayidType8, "Type VIII timing - enumerated timing code data block", eArea_Timing),
+    { gsc_uiType7Tag, Group(eId_DisplayidType7, "Type VII timing - detailed data block", eArea_Timing),
+      ItemsWithExtraBytes(gsc_oType7.m_uiSize), &gsc_oType7Flags, {}, MapExtendedTimings<gsc_oType7.m_uiSize> },
+    { gsc_uiType8Tag, Group(eId_DisplayidType8, "Type VIII timing - enumerated timing code data block", eArea_Timing),
       ItemsWithExtraBytes(1, 3, 3), &gsc_oType8Flags, {}, MapType8 },
-    { 0x24, Group(eId_DisplayidType9, "Type IX timing - formula-based data block", eArea_Timing), ItemsOf(6), nullptr, {}, MapTimingsOf<6> },
-    { 0x2A, Group(eId_DisplayidType10, "Type X timing - formula-based data block", eArea_Timing),
-      ItemsWithExtraBytes(6), &gsc_oType10Flags, {}, MapExtendedTimings<6> },
+    { gsc_uiType9Tag, Group(eId_DisplayidType9, "Type IX timing - formula-based data block", eArea_Timing), ItemsOf(gsc_uiType9Size), nullptr, {}, MapTimingsOf<gsc_uiType9Size> },
+    { gsc_uiType10Tag, Group(eId_DisplayidType10, "Type X timing - formula-based data block", eArea_Timing),
+      ItemsWithExtraBytes(gsc_uiType10Size), &gsc_oType10Flags, {}, MapExtendedTimings<gsc_uiType10Size> },
 };
 // clang-format on
 } // namespace

@@ -100,9 +100,8 @@ int CZorEdidTimings::MakeDetailed(const SZorMode& oMode, unsigned int uiWidthInM
 int CZorEdidTimings::MakeDisplayId(unsigned int uiType, const SZorMode& oMode, bool bPreferred,
                                    unsigned char* pui8Bytes)
 {
-    constexpr SPlace oPreferred = Bit(3, 7);
-    constexpr SPlace oAspectRatio = Bits(3, 3, 0);
     const DisplayId::STimingPlaces& oPlaces = uiType == 1 ? DisplayId::gsc_oType1 : DisplayId::gsc_oType7;
+    const DisplayId::STimingFlags& oFlags = uiType == 1 ? DisplayId::gsc_oFlags1 : DisplayId::gsc_oFlags7;
     const SZorMode::SAxis& oAcross = oMode.m_oHorizontal;
     const SZorMode::SAxis& oDown = oMode.m_oVertical;
     const unsigned int uiClock = GetClock(oMode, oPlaces.m_uiClockInKiloHz);
@@ -123,8 +122,8 @@ int CZorEdidTimings::MakeDisplayId(unsigned int uiType, const SZorMode& oMode, b
     oPlaces.m_oVerticalFrontPorch.Write(aui8Bytes, oDown.m_uiFront - 1);
     oPlaces.m_oVerticalSync.Write(aui8Bytes, oDown.m_uiSync - 1);
     oPlaces.m_oVerticalPositive.Write(aui8Bytes, oDown.m_bPositive ? 1 : 0);
-    oPreferred.Write(aui8Bytes, bPreferred ? 1 : 0);
-    oAspectRatio.Write(aui8Bytes, GetAspectCode(oMode));
+    oFlags.m_oPreferred.Write(aui8Bytes, bPreferred ? 1 : 0);
+    oFlags.m_oAspect.Write(aui8Bytes, GetAspectCode(oMode));
     SZorMode oRead = {};
     const CRecordBytes oRecord(aui8Bytes, msc_uiDisplayIdSize);
     if (!(uiType == 1 ? ReadType1Mode(oRecord, oRead) : ReadType7Mode(oRecord, oRead)) ||

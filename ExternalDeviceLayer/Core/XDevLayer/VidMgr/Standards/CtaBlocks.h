@@ -82,6 +82,36 @@ constexpr SPlace gsc_oNativeSizePresent = Bit(1, 0);
 constexpr SPlace gsc_oNativeImageWidth = Little16(2);
 constexpr SPlace gsc_oNativeImageHeight = Little16(4);
 
+// ---- Video Format Data Block: CTA-861.6. The first byte of the payload, then descriptors of one to four bytes ----
+
+constexpr SPlace gsc_oFormats420 = Bit(0, 7);
+constexpr SPlace gsc_oFormatsNtsc = Bit(0, 6);     // rates that are multiples of 6 Hz come * 1000/1001 as well
+constexpr SPlace gsc_oFormatsSize = Bits(0, 1, 0); // of a descriptor, minus 1
+
+// A factor multiplies 25 Hz with BFR50, and 30 Hz with BFR60. Without byte 1 BFR60 and the factors 1 and 2 are meant.
+constexpr SPlace gsc_oFormatBfr50 = Bit(0, 7);
+constexpr SPlace gsc_oFormat24Hz = Bit(0, 6);
+constexpr SPlace gsc_oFormatResolution = Bits(0, 5, 0);
+constexpr SPlace gsc_oFormatBfr60 = Bit(1, 7);
+constexpr SPlace gsc_oFormat144Hz = Bit(1, 6);
+constexpr SPlace gsc_oFormat48Hz = Bit(2, 0);
+struct SFormatFactor
+{
+    unsigned int m_uiFactor;
+    SPlace m_oPlace;
+};
+constexpr SFormatFactor gsc_aoFormatFactors[] = { { 1, Bit(1, 0) }, { 2, Bit(1, 1) },  { 4, Bit(1, 2) },
+                                                  { 8, Bit(1, 3) }, { 12, Bit(1, 4) }, { 16, Bit(1, 5) } };
+constexpr unsigned int gsc_uiShortFormatFactors = 2; // the first ones
+
+// ---- DisplayID timings: CTA-861-H 7.5.17. The first byte of the payload is the second one of a DisplayID header ----
+
+constexpr SPlace gsc_oTimingMoreBytes = Bits(0, 6, 4); // of Types VII and X
+constexpr SPlace gsc_oTimingRevision = Bits(0, 2, 0);
+constexpr SPlace gsc_oTimingCodeType = Bits(0, 7, 6); // this and the next two of Type VIII
+constexpr SPlace gsc_oTimingCodes420 = Bit(0, 5);
+constexpr SPlace gsc_oTimingWideCodes = Bit(0, 3);
+
 constexpr unsigned int gsc_uiDetailedSize = Descriptors::gsc_uiDescriptorSize;
 
 // What a search looks for: data blocks of this tag or, with m_bExtended, of this extended tag.

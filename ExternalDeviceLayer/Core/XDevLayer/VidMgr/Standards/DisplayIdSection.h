@@ -208,4 +208,56 @@ inline constexpr STimingPlaces gsc_oType6 = { 14, // or 17, with aspect ratio an
                                               Byte(12),
                                               Bits(13, 3, 0),
                                               Bit(6, 7) };
+
+// ---- Flags of timings, from the start of a record; a place that a type does not have is empty ----
+
+struct STimingFlags
+{
+    SPlace m_oPreferred = {};
+    SPlace m_oY420 = {};
+    SPlace m_oStereo = {};
+    SPlace m_oAspect = {};   // a code
+    SPlace m_oFraction = {}; // the rate * 1000/1001 as well
+};
+
+inline constexpr STimingFlags gsc_oFlags1 = { Bit(3, 7), {}, Bits(3, 6, 5), Bits(3, 3, 0), {} };
+inline constexpr STimingFlags gsc_oFlags2 = { Bit(3, 7), {}, Bits(3, 6, 5), {}, {} };
+inline constexpr STimingFlags gsc_oFlags3 = { Bit(0, 7), {}, {}, Bits(0, 3, 0), {} };
+inline constexpr STimingFlags gsc_oFlags5 = { Bit(0, 7), {}, Bits(0, 6, 5), {}, Bit(0, 4) };
+inline constexpr STimingFlags gsc_oFlags6 = { Bit(2, 7), {}, Bits(13, 6, 5), {}, {} };
+inline constexpr STimingFlags gsc_oFlags7 = gsc_oFlags1;
+inline constexpr STimingFlags gsc_oFlags7Revision2 = { {}, Bit(3, 7), Bits(3, 6, 5), Bits(3, 3, 0), {} };
+inline constexpr STimingFlags gsc_oFlags9 = { {}, {}, Bits(0, 6, 5), {}, Bit(0, 4) };
+inline constexpr STimingFlags gsc_oFlags10 = {
+    {}, Bit(0, 7), Bits(0, 6, 5), {}, Bit(0, 4)
+}; // the rate only with formula 2
+
+// ---- Short timings and timings by formula, from the start of a record. Sizes and rates are stored minus 1 ----
+
+inline constexpr SPlace gsc_oType3Formula = Bits(0, 6, 4);
+inline constexpr SPlace gsc_oType3Width = Byte(1); // 8 pixels
+inline constexpr SPlace gsc_oType3Interlaced = Bit(2, 7);
+inline constexpr SPlace gsc_oType3Rate = Bits(2, 6, 0); // Hz
+
+struct SFormulaPlaces
+{
+    SPlace m_oFormula;
+    SPlace m_oWidth;  // pixels
+    SPlace m_oHeight; // lines
+    SPlace m_oRate;   // Hz
+};
+inline constexpr SFormulaPlaces gsc_oType5 = { Bits(0, 1, 0), Little16(2), Little16(4), Byte(6) };
+inline constexpr SFormulaPlaces gsc_oType9 = { Bits(0, 2, 0), Little16(1), Little16(3), Byte(5) };
+inline constexpr SFormulaPlaces gsc_oType10 = gsc_oType9;
+
+// Of Type X in records of 7 bytes and more.
+inline constexpr unsigned int gsc_uiType10WideSize = 7;
+inline constexpr SPlace gsc_oType10WideRate = Split({ { 6, 1, 0 }, { 5, 7, 0 } });
+
+// Of Type X with formula 3, CVT reduced blanking v3.
+inline constexpr SPlace gsc_oBlankFrom160 = Bit(0, 4); // pixels; from 80 when clear
+inline constexpr SPlace gsc_oEarlySync = Bit(0, 3);
+inline constexpr SPlace gsc_oBlankSteps = Bits(6, 4, 2);
+inline constexpr SPlace gsc_oMoreBlankTime = Bits(6, 7, 5); // vertical, in steps
+inline constexpr SPlace gsc_oLeastBlankOf300 = Bit(7, 0);   // us; 460 when clear
 } // namespace ZorStandards::DisplayId

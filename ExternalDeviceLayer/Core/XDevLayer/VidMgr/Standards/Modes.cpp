@@ -1,5 +1,6 @@
 #include "Modes.h"
 
+#include "CtaBlocks.h"
 #include "Descriptors.h"
 
 namespace ZorStandards
@@ -268,26 +269,26 @@ bool ReadShortVideoMode(unsigned int uiSvd, SZorMode& oMode)
 
 namespace
 {
-// A factor multiplies 25 Hz with BFR50, and 30 Hz with BFR60. Without byte 1 BFR60 and the factors 1 and 2 are meant.
 // The rates in rising order; 0 after the last one.
 unsigned int GetFormatRate(const CRecordBytes& oFormat, unsigned int uiRank)
 {
-    constexpr unsigned int auiFactors[] = { 1, 2, 4, 8, 12, 16 }; // from bit 0 of byte 1 on
+    using namespace Cta;
     constexpr unsigned int uiMost = 480;
     const bool bShort = oFormat.GetSize() < 2;
     const auto fnHas = [&](unsigned int uiRate) {
-        for (unsigned int i = 0; i < std::size(auiFactors); ++i)
+        for (unsigned int i = 0; i < std::size(gsc_aoFormatFactors); ++i)
         {
-            const bool bFactor = bShort ? i < 2 : oFormat.IsSet(1, i);
-            const bool b25 = oFormat.IsSet(0, 7) && uiRate == auiFactors[i] * 25;
-            const bool b30 = (bShort || oFormat.IsSet(1, 7)) && uiRate == auiFactors[i] * 30;
+            const SFormatFactor& oFactor = gsc_aoFormatFactors[i];
+            const bool bFactor = bShort ? i < gsc_uiShortFormatFactors : oFormat.IsSet(oFactor.m_oPlace);
+            const bool b25 = oFormat.IsSet(gsc_oFormatBfr50) && uiRate == oFactor.m_uiFactor * 25;
+            const bool b30 = (bShort || oFormat.IsSet(gsc_oFormatBfr60)) && uiRate == oFactor.m_uiFactor * 30;
             if (bFactor && (b25 || b30))
             {
                 return true;
             }
         }
-        return (uiRate == 24 && oFormat.IsSet(0, 6)) || (uiRate == 144 && oFormat.IsSet(1, 6)) ||
-               (uiRate == 48 && oFormat.IsSet(2, 0));
+        return (uiRate == 24 && oFormat.IsSet(gsc_oFormat24Hz)) || (uiRate == 144 && oFormat.IsSet(gsc_oFormat144Hz)) ||
+               (uiRate == 48 && oFormat.IsSet(gsc_oFormat48Hz));
     };
     for (unsigned int uiRate = 1; uiRate <= uiMost; ++uiRate)
     {
@@ -303,7 +304,7 @@ unsigned int GetFormatRate(const CRecordBytes& oFormat, unsigned int uiRank)
 bool ReadFormatMode(const CRecordBytes& oRecord, unsigned int uiRank, bool bFraction, SZorMode& oMode)
 {
     constexpr unsigned int uiNtsc = 6;
-    const unsigned int uiResolution = oRecord.GetBits(0, 5, 0);
+    const unsigned int uiResolution = oRecord.Get(Cta::gsc_oFormatResolution);
     const unsigned int uiRate = GetFormatRate(oRecord, uiRank);
     if (uiRate == 0 || uiResolution == 0 || uiResolution >= gsc_uiFormatResolutions)
     {
@@ -321,17 +322,7 @@ bool ReadFormatMode(const CRecordBytes& oRecord, unsigned int uiRank, bool bFrac
 
 namespace
 {
-// What says more about a timing; a place that a type does not have is empty.
-struct SFlagPlaces
-{
-    SPlace m_oPreferred = {};
-    SPlace m_oY420 = {};
-    SPlace m_oStereo = {};
-    SPlace m_oAspect = {};
-    SPlace m_oFraction = {};
-};
-
-void ReadFlags(SZorMode& oMode, const CRecordBytes& oTiming, const SFlagPlaces& oFlags)
+void ReadFlags(SZorMode& oMode, const CRecordBytes& oTiming, const DisplayId::STimingFlags& oFlags)
 {
     const unsigned int uiStereo = oTiming.Get(oFlags.m_oStereo);
     oMode.m_bPreferred = oTiming.IsSet(oFlags.m_oPreferred);
@@ -348,8 +339,8 @@ void ReadFlags(SZorMode& oMode, const CRecordBytes& oTiming, const SFlagPlaces& 
 
 // Sizes in total lines and pixels as the standard has them for a frame. What the lines of an interlaced timing count is
 // read in two ways, so that its numbers are left out.
-bool ReadLongMode(SZorMode::EModeKind eKind, const DisplayId::STimingPlaces& oPlaces, const SFlagPlaces& oFlags,
-                  const CRecordBytes& oTiming, SZorMode& oMode)
+bool ReadLongMode(SZorMode::EModeKind eKind, const DisplayId::STimingPlaces& oPlaces,
+                  const DisplayId::STimingFlags& oFlags, const CRecordBytes& oTiming, SZorMode& oMode)
 {
     const auto fnGet = [&](const SPlace& oPlace) { return oTiming.Get(oPlace) + 1; };
     const auto fnPixels = [&](const SPlace& oPlace) { return fnGet(oPlace) * oPlaces.m_uiPixels; };
@@ -375,14 +366,12 @@ bool ReadLongMode(SZorMode::EModeKind eKind, const DisplayId::STimingPlaces& oPl
     return true;
 }
 
-constexpr SFlagPlaces gsc_oLongFlags = { Bit(3, 7), {}, Bits(3, 6, 5), Bits(3, 3, 0), {} };
-
-// Width, height and rate of a timing by formula, all stored minus 1.
-void ReadFormulaMode(SZorMode::EModeKind eKind, const CRecordBytes& oTiming, unsigned int uiSizeOffset,
+// Width, height and rate of a timing by formula.
+void ReadFormulaMode(SZorMode::EModeKind eKind, const CRecordBytes& oTiming, const DisplayId::SFormulaPlaces& oPlaces,
                      const SPlace& oRate, SZorMode& oMode)
 {
-    oMode = MakeBareMode(eKind, 0, oTiming.Get(Little16(uiSizeOffset)) + 1, oTiming.Get(Little16(uiSizeOffset + 2)) + 1,
-                         false, WholeRate(oTiming.Get(oRate) + 1));
+    oMode = MakeBareMode(eKind, 0, oTiming.Get(oPlaces.m_oWidth) + 1, oTiming.Get(oPlaces.m_oHeight) + 1, false,
+                         WholeRate(oTiming.Get(oRate) + 1));
 }
 
 // By the formula's code: of Type III the first two, of Type IX the first three, of Type X all.
@@ -396,81 +385,79 @@ SZorMode::EBlanking GetFormulaBlanking(unsigned int uiFormula, unsigned int uiFo
 
 bool ReadType1Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    return ReadLongMode(SZorMode::eModeKind_Type1, DisplayId::gsc_oType1, gsc_oLongFlags, oRecord, oMode);
+    return ReadLongMode(SZorMode::eModeKind_Type1, DisplayId::gsc_oType1, DisplayId::gsc_oFlags1, oRecord, oMode);
 }
 
 bool ReadType2Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    constexpr SFlagPlaces oFlags = { Bit(3, 7), {}, Bits(3, 6, 5), {}, {} };
-    return ReadLongMode(SZorMode::eModeKind_Type2, DisplayId::gsc_oType2, oFlags, oRecord, oMode);
+    return ReadLongMode(SZorMode::eModeKind_Type2, DisplayId::gsc_oType2, DisplayId::gsc_oFlags2, oRecord, oMode);
 }
 
 bool ReadType3Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    constexpr SFlagPlaces oFlags = { Bit(0, 7), {}, {}, Bits(0, 3, 0), {} };
+    using namespace DisplayId;
     constexpr unsigned int uiFormulas = 2;
-    const unsigned int uiWidth = (oRecord.GetByte(1) + 1) * 8;
-    const SRatio oRatio = GetTimingRatio(oRecord.Get(oFlags.m_oAspect));
+    const unsigned int uiWidth = (oRecord.Get(gsc_oType3Width) + 1) * 8;
+    const SRatio oRatio = GetTimingRatio(oRecord.Get(gsc_oFlags3.m_oAspect));
     if (oRatio.m_uiWidth == 0)
     {
         return false;
     }
     oMode = MakeBareMode(SZorMode::eModeKind_Type3, 0, uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth,
-                         oRecord.IsSet(2, 7), WholeRate(oRecord.GetBits(2, 6, 0) + 1));
-    oMode.m_eBlanking = GetFormulaBlanking(oRecord.GetBits(0, 6, 4), uiFormulas);
-    ReadFlags(oMode, oRecord, oFlags);
+                         oRecord.IsSet(gsc_oType3Interlaced), WholeRate(oRecord.Get(gsc_oType3Rate) + 1));
+    oMode.m_eBlanking = GetFormulaBlanking(oRecord.Get(gsc_oType3Formula), uiFormulas);
+    ReadFlags(oMode, oRecord, gsc_oFlags3);
     return true;
 }
 
 bool ReadType5Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    constexpr SFlagPlaces oFlags = { Bit(0, 7), {}, Bits(0, 6, 5), {}, Bit(0, 4) };
-    const unsigned int uiFormula = oRecord.GetBits(0, 1, 0);
-    ReadFormulaMode(SZorMode::eModeKind_Type5, oRecord, 2, Byte(6), oMode);
+    const DisplayId::SFormulaPlaces& oPlaces = DisplayId::gsc_oType5;
+    const unsigned int uiFormula = oRecord.Get(oPlaces.m_oFormula);
+    ReadFormulaMode(SZorMode::eModeKind_Type5, oRecord, oPlaces, oPlaces.m_oRate, oMode);
     oMode.m_eBlanking = uiFormula == 0   ? SZorMode::eBlanking_Reduced2
                         : uiFormula == 1 ? SZorMode::eBlanking_Custom
                                          : SZorMode::eBlanking_NotGiven;
-    ReadFlags(oMode, oRecord, oFlags);
+    ReadFlags(oMode, oRecord, DisplayId::gsc_oFlags5);
     return true;
 }
 
 bool ReadType6Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    constexpr SFlagPlaces oFlags = { Bit(2, 7), {}, Bits(13, 6, 5), {}, {} };
-    return ReadLongMode(SZorMode::eModeKind_Type6, DisplayId::gsc_oType6, oFlags, oRecord, oMode);
+    return ReadLongMode(SZorMode::eModeKind_Type6, DisplayId::gsc_oType6, DisplayId::gsc_oFlags6, oRecord, oMode);
 }
 
 bool ReadType7Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    return ReadLongMode(SZorMode::eModeKind_Type7, DisplayId::gsc_oType7, gsc_oLongFlags, oRecord, oMode);
+    return ReadLongMode(SZorMode::eModeKind_Type7, DisplayId::gsc_oType7, DisplayId::gsc_oFlags7, oRecord, oMode);
 }
 
 bool ReadType7Revision2Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    constexpr SFlagPlaces oFlags = { {}, Bit(3, 7), Bits(3, 6, 5), Bits(3, 3, 0), {} };
-    return ReadLongMode(SZorMode::eModeKind_Type7, DisplayId::gsc_oType7, oFlags, oRecord, oMode);
+    return ReadLongMode(SZorMode::eModeKind_Type7, DisplayId::gsc_oType7, DisplayId::gsc_oFlags7Revision2, oRecord,
+                        oMode);
 }
 
 bool ReadType9Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    constexpr SFlagPlaces oFlags = { {}, {}, Bits(0, 6, 5), {}, Bit(0, 4) };
     constexpr unsigned int uiFormulas = 3;
-    ReadFormulaMode(SZorMode::eModeKind_Type9, oRecord, 1, gsc_oType10NarrowRate, oMode);
-    ReadFlags(oMode, oRecord, oFlags);
-    oMode.m_eBlanking = GetFormulaBlanking(oRecord.GetBits(0, 2, 0), uiFormulas);
+    const DisplayId::SFormulaPlaces& oPlaces = DisplayId::gsc_oType9;
+    ReadFormulaMode(SZorMode::eModeKind_Type9, oRecord, oPlaces, oPlaces.m_oRate, oMode);
+    ReadFlags(oMode, oRecord, DisplayId::gsc_oFlags9);
+    oMode.m_eBlanking = GetFormulaBlanking(oRecord.Get(oPlaces.m_oFormula), uiFormulas);
     return true;
 }
 
 bool ReadType10Mode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
-    constexpr SFlagPlaces oFlags = { {}, Bit(0, 7), Bits(0, 6, 5), {}, {} };
+    using namespace DisplayId;
     constexpr unsigned int uiFormulas = 4;
-    constexpr unsigned int uiWideSize = 7;
-    const SPlace& oRate = oRecord.GetSize() >= uiWideSize ? gsc_oType10WideRate : gsc_oType10NarrowRate;
-    ReadFormulaMode(SZorMode::eModeKind_Type10, oRecord, 1, oRate, oMode);
-    ReadFlags(oMode, oRecord, oFlags);
-    oMode.m_eBlanking = GetFormulaBlanking(oRecord.GetBits(0, 2, 0), uiFormulas);
-    oMode.m_bFractionToo = oMode.m_eBlanking == SZorMode::eBlanking_Reduced2 && oRecord.IsSet(0, 4);
+    const bool bWide = oRecord.GetSize() >= gsc_uiType10WideSize;
+    ReadFormulaMode(SZorMode::eModeKind_Type10, oRecord, gsc_oType10, bWide ? gsc_oType10WideRate : gsc_oType10.m_oRate,
+                    oMode);
+    ReadFlags(oMode, oRecord, gsc_oFlags10);
+    oMode.m_eBlanking = GetFormulaBlanking(oRecord.Get(gsc_oType10.m_oFormula), uiFormulas);
+    oMode.m_bFractionToo = oMode.m_bFractionToo && oMode.m_eBlanking == SZorMode::eBlanking_Reduced2;
     return true;
 }
 
@@ -478,29 +465,34 @@ unsigned int ReadAdditionalBlankInUs(const CRecordBytes& oType10)
 {
     constexpr unsigned int uiStepOf300 = 20; // microseconds
     constexpr unsigned int uiStepOf460 = 35;
-    return oType10.GetBits(6, 7, 5) * (oType10.IsSet(7, 0) ? uiStepOf300 : uiStepOf460);
+    const bool b300 = oType10.IsSet(DisplayId::gsc_oLeastBlankOf300);
+    return oType10.Get(DisplayId::gsc_oMoreBlankTime) * (b300 ? uiStepOf300 : uiStepOf460);
 }
 
 // Steps of 8 pixels over 80; over 160 up to five, and the codes 6 and 7 are one and two steps under it.
 SReducedBlanking ReadReducedBlanking(const CRecordBytes& oType10)
 {
+    using namespace DisplayId;
     constexpr unsigned int uiFormula3 = 3;
     constexpr unsigned int uiStep = 8;
     constexpr unsigned int uiMostAbove160 = 5;
     constexpr unsigned int uiLeast300 = 300;
     SReducedBlanking oBlanking;
-    if (oType10.GetBits(0, 2, 0) != uiFormula3)
+    if (oType10.Get(gsc_oType10.m_oFormula) != uiFormula3)
     {
         return oBlanking;
     }
-    const unsigned int uiSteps = oType10.GetBits(6, 4, 2);
-    const bool b160 = oType10.IsSet(0, 4);
+    const unsigned int uiSteps = oType10.Get(gsc_oBlankSteps);
+    const bool b160 = oType10.IsSet(gsc_oBlankFrom160);
     oBlanking.m_uiHorizontalBlank = !b160                       ? 80 + uiStep * uiSteps
                                     : uiSteps <= uiMostAbove160 ? 160 + uiStep * uiSteps
                                                                 : 160 - uiStep * (uiSteps - uiMostAbove160);
-    oBlanking.m_uiVerticalBlankInUs = oType10.IsSet(7, 0) ? uiLeast300 : oBlanking.m_uiVerticalBlankInUs;
+    if (oType10.IsSet(gsc_oLeastBlankOf300))
+    {
+        oBlanking.m_uiVerticalBlankInUs = uiLeast300;
+    }
     oBlanking.m_uiVerticalBlankInUs += ReadAdditionalBlankInUs(oType10);
-    oBlanking.m_bEarlySync = oType10.IsSet(0, 3);
+    oBlanking.m_bEarlySync = oType10.IsSet(gsc_oEarlySync);
     return oBlanking;
 }
 } // namespace ZorStandards

@@ -128,9 +128,6 @@ bool ReadType7Revision2Mode(const CRecordBytes& oRecord, SZorMode& oMode); // of
 bool ReadType9Mode(const CRecordBytes& oRecord, SZorMode& oMode);
 bool ReadType10Mode(const CRecordBytes& oRecord, SZorMode& oMode);
 
-inline constexpr SPlace gsc_oType10NarrowRate = Byte(5);
-inline constexpr SPlace gsc_oType10WideRate = Split({ { 6, 1, 0 }, { 5, 7, 0 } }); // in records of 7 bytes and more
-
 // What a Type X record says of reduced blanking version 3; the standard's own where it says nothing.
 SReducedBlanking ReadReducedBlanking(const CRecordBytes& oType10);
 unsigned int ReadAdditionalBlankInUs(const CRecordBytes& oType10); // vertically, beyond the least

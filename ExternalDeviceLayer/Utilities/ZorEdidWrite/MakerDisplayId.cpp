@@ -17,10 +17,11 @@ using namespace ZorStandards;
 struct SInterfaceCodes
 {
     unsigned char m_ui8Type;
-    unsigned char m_ui8Version; // of the interface's standard: 1.4 is 14h
-    unsigned char m_ui8Links;   // of DisplayPort lanes
+    unsigned char m_ui8Version; // of the interface's standard, as is the revision
+    unsigned char m_ui8Revision;
+    unsigned char m_ui8Links; // of DisplayPort lanes
 };
-constexpr SInterfaceCodes gsc_aoInterfaces[] = { { 7, 0x14, 1 }, { 10, 0x12, 4 }, { 4, 0x10, 1 }, { 0, 0, 1 } };
+constexpr SInterfaceCodes gsc_aoInterfaces[] = { { 7, 1, 4, 1 }, { 10, 1, 2, 4 }, { 4, 1, 0, 1 }, { 0, 0, 0, 1 } };
 
 // Each begins a data block and returns where the next one begins.
 unsigned char* BeginDataBlock(unsigned char* pui8Block, unsigned int uiTag, unsigned int uiLength)
@@ -72,7 +73,8 @@ unsigned char* MakeInterface(const SDisplayIdFacts& oFacts, unsigned char* pui8B
     const SInterfaceCodes& oInterface = gsc_aoInterfaces[oFacts.m_eInterface];
     DisplayId::gsc_oInterfaceType.Write(pui8Block, oInterface.m_ui8Type);
     DisplayId::gsc_oInterfaceLinks.Write(pui8Block, oInterface.m_ui8Links);
-    Byte(0x04).Write(pui8Block, oInterface.m_ui8Version);
+    DisplayId::gsc_oInterfaceVersion.Write(pui8Block, oInterface.m_ui8Version);
+    DisplayId::gsc_oInterfaceRevision.Write(pui8Block, oInterface.m_ui8Revision);
     pui8Block[DisplayId::gsc_uiDepthsOffset1] = static_cast<unsigned char>(oFacts.m_uiRgbDepths);
     pui8Block[DisplayId::gsc_uiDepthsOffset1 + 1] = static_cast<unsigned char>(oFacts.m_ui444Depths);
     pui8Block[DisplayId::gsc_uiDepthsOffset1 + 2] = static_cast<unsigned char>(oFacts.m_ui422Depths >> 1); // from 8 on
@@ -83,7 +85,6 @@ unsigned char* MakeInterface(const SDisplayIdFacts& oFacts, unsigned char* pui8B
 void MakeDisplayIdBlock(const SDisplayIdFacts& oFacts, const unsigned char* pui8Base,
                         unsigned char (&aui8Block)[gsc_uiBlockSize])
 {
-    constexpr unsigned int uiVersion = 0x12;
     constexpr unsigned int uiStandalone = 3;
     memset(aui8Block, 0, sizeof(aui8Block));
     unsigned char* const pui8First = aui8Block + DisplayId::gsc_uiDataBlocksOffset;
@@ -91,7 +92,7 @@ void MakeDisplayIdBlock(const SDisplayIdFacts& oFacts, const unsigned char* pui8
     pui8Next = MakeParameters(oFacts, pui8Base, pui8Next);
     pui8Next = MakeInterface(oFacts, pui8Next);
     aui8Block[0] = DisplayId::gsc_uiTag;
-    aui8Block[DisplayId::gsc_uiVersionOffset] = uiVersion;
+    aui8Block[DisplayId::gsc_uiVersionOffset] = DisplayId::gsc_uiHighestVersion;
     aui8Block[DisplayId::gsc_uiSectionLengthOffset] = static_cast<unsigned char>(pui8Next - pui8First);
     aui8Block[DisplayId::gsc_uiProductTypeOffset] = uiStandalone;
     CEdidUtils::StoreChecksum(DisplayId::GetSectionSize(aui8Block), aui8Block + DisplayId::gsc_uiSectionOffset);

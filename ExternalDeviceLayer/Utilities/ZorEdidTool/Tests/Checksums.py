@@ -5,3 +5,9 @@ def fix_sums(image):
     """All blocks with the right checksum."""
     blocks = [image[i:i + 127] for i in range(0, len(image), 128)]
     return b"".join(block + bytes([-sum(block) % 256]) for block in blocks)
+
+
+def display_id(data, version=0x12, length=None, product=0, extensions=0):
+    """A DisplayID block with a section around the data blocks, without padding and the checksum of the block."""
+    section = bytes([version, len(data) if length is None else length, product, extensions]) + data
+    return b"\x70" + section + bytes([-sum(section) % 256])

@@ -7,7 +7,7 @@ import sys
 import tempfile
 import unittest
 
-from Checksums import fix_sums
+from Checksums import display_id, fix_sums
 from FactsTest import change, COMMAND, MONITOR as IMAGE, PROJECT
 
 MONITOR = os.path.join(PROJECT, "examples/monitor.bin")
@@ -52,9 +52,7 @@ def extended(*blocks):
 
 def section(data_blocks, version=0x12):
     """The image with a DisplayID block of these data blocks."""
-    area = bytes.fromhex(data_blocks)
-    section = bytes([version, len(area), 0, 0]) + area
-    return extended(fix_sums((b"\x70" + section + bytes([-sum(section) % 256])).ljust(128, b"\0")))
+    return extended(fix_sums(display_id(bytes.fromhex(data_blocks), version).ljust(128, b"\0")))
 
 
 # Records of DisplayID, after their clocks: 1600x900, at 120 and 100 MHz 60 and 50 Hz.

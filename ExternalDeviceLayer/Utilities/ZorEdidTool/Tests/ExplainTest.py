@@ -12,8 +12,8 @@ import sys
 import time
 import unittest
 
-from Checksums import fix_sums
-from FactsTest import COMMAND, CORPUS, MONITOR, change, display_id, run, ToolTest, TYPE1, with_blocks
+from Checksums import display_id, fix_sums
+from FactsTest import COMMAND, CORPUS, MONITOR, change, run, ToolTest, TYPE1, with_blocks
 
 # Everything that reads differently when it is damaged.
 IMAGES = {

@@ -15,7 +15,7 @@ import unittest
 import xml.etree.ElementTree
 from fractions import Fraction
 
-from Checksums import fix_sums
+from Checksums import display_id, fix_sums
 
 try:
     import jsonschema
@@ -50,12 +50,6 @@ def with_blocks(*blocks, announced=None):
         changes |= {0x13: "04", 0x18: "2b"}
     base = change(changes, MONITOR[:128])
     return base + b"".join(fix_sums(block.ljust(128, b"\0")) for block in blocks)
-
-
-def display_id(data, version=0x12, length=None, product=0, extensions=0):
-    """A DisplayID block with a section around the data blocks."""
-    section = bytes([version, len(data) if length is None else length, product, extensions]) + data
-    return b"\x70" + section + bytes([-sum(section) % 256])
 
 
 # A DisplayID Type I timing: 1920 x 1080, totals 2200 x 1125, 148.5 MHz, all fields minus 1.

@@ -19,6 +19,8 @@ import threading
 import time
 import unittest
 
+from Checksums import fix_sums
+
 COMMAND, IMAGES, SHARED = sys.argv[1], sys.argv[2], (sys.argv[3:] or [""])[0]
 MONITOR = os.path.join(IMAGES, "monitor.bin")
 with open(MONITOR, "rb") as image_file:
@@ -429,8 +431,7 @@ class ManyFiles(FolderCase):
     def test_a_thousand_files_in_order(self):
         names = []
         for i in range(1000):
-            serial = IMAGE[:12] + i.to_bytes(4, "little") + IMAGE[16:]
-            data = b"" if i % 100 == 50 else serial[:127] + bytes([-sum(serial[:127]) % 256]) + serial[128:]
+            data = b"" if i % 100 == 50 else fix_sums(IMAGE[:12] + i.to_bytes(4, "little") + IMAGE[16:])
             names.append(self.write("%04d" % i, data))
         results = []
         for arguments in (("-j", "1"), ("-j", "4"), ("-j", "4", "--verbose"), ("-j", "1", "--verbose")):
@@ -657,8 +658,7 @@ class Images(FolderCase):
 
     def setUp(self):
         super().setUp()
-        self.second = bytes(IMAGE[:12] + b"\x01\x02\x03\x04" + IMAGE[16:127] + bytes([0]) + IMAGE[128:])
-        self.second = self.second[:127] + bytes([-sum(self.second[:128]) % 256]) + self.second[128:]
+        self.second = fix_sums(IMAGE[:12] + b"\x01\x02\x03\x04" + IMAGE[16:])
         self.alone = self.write("alone.bin", self.second)
         self.two = self.write("two.bin", IMAGE + self.second)
         self.line = "zoredid: %s: %s\n" % (self.two, self.HOLDS)

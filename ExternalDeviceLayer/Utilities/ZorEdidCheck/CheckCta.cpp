@@ -48,8 +48,8 @@ void CheckFlags(CFindings& oFindings)
     });
 }
 
-// Audio in DisplayID sections is audio of the display that the CTA-861 blocks must know of; without one there is no
-// flag to be read. Of audio in a CTA-861 block the map has a note.
+// The CTA-861 blocks must announce the audio of DisplayID sections, too; an image without such blocks has no flag to
+// read. The map notes audio in a CTA-861 block itself.
 void CheckBasicAudio(CFindings& oFindings)
 {
     const unsigned int uiCta = oFindings.FindFirstBlock(gsc_uiCtaTag);

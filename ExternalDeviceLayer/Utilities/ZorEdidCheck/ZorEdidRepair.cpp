@@ -215,8 +215,8 @@ private:
     bool m_bWrongToo = false;
 };
 
-// Whether the header is right now, or there is none to look at. Without it the base block is damaged, and the one thing
-// that tells how is its checksum.
+// Whether the header is right now, or there is none to look at. Without it the base block is damaged, and only its
+// checksum shows how.
 bool RepairHeader(const SWork& oWork)
 {
     constexpr unsigned int uiMostWrong = 2;

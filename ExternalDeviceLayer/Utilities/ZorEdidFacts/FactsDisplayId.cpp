@@ -314,7 +314,7 @@ void CReader::OfferColours(const SBytes& oBlock, ESource eSource, EZorEdidField 
     }
 }
 
-// Of more than three primaries there is no telling which is red; of the white points the first counts.
+// With more than three primaries nothing says which is red. The first white point counts.
 void CReader::ReadColour(const SBytes& oBlock)
 {
     constexpr unsigned int uiFirst = 4;

@@ -514,8 +514,8 @@ constexpr SRow gsc_aoMakerRows[] = { { eId_BaseManufacturerData, Run(0x05, 13), 
 constexpr STable gsc_oMakerTable = { eId_BaseManufacturer, "Manufacturer specified descriptor", eArea_Vendor,
                                      gsc_aoMakerRows };
 
-// ---- The descriptor of embedded panels (EPI) with tag 0Eh. The standard is withdrawn: the layout is the one that
-// edid-decode reads ----
+// ---- The descriptor of embedded panels (EPI) with tag 0Eh. The standard is withdrawn: the layout is
+// as edid-decode reads it ----
 
 constexpr SMeaning gsc_aoEpiBits[] = { { 0, 0, "18" }, { 1, 1, "24" }, { 2, 2, "30" }, { 3, 7, gsc_szReserved } };
 constexpr SMeaning gsc_aoEpiPixels[] = { { 0, 0, "1" }, { 1, 1, "2" }, { 2, 2, "4" }, { 3, 3, gsc_szReserved } };

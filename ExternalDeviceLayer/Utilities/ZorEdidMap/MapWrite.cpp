@@ -351,7 +351,7 @@ private:
 
     // ---- What a refusal offers: values that are accepted ----
 
-    // Of numbers that rise or fall with the raw value the next one that is accepted. False without one.
+    // Finds the next accepted number, of those that rise or fall with the raw value. False if none is.
     bool Narrow(SEnd& oEnd, bool bUp)
     {
         constexpr unsigned int uiMostSteps = 256;

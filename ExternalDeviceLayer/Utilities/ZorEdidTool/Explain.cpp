@@ -255,7 +255,7 @@ bool HasId(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sId
            (bPoint && (sFull.starts_with(sId + ".") || (eId != eZorEdidField_None && IsIn(oMap, uiField, eId))));
 }
 
-// The text of the field's line, or another one that it is known by. eId is the id with the text sPart.
+// Looks at the text of the field's line and at its other names. eId is the id with the text sPart.
 bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart, EZorEdidField eId)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);

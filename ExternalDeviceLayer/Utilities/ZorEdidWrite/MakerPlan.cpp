@@ -553,8 +553,8 @@ CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
     }
     CDetailedBytes aui8Detailed;
     CType1Bytes aui8Type1;
-    // A code means both of its rates: a detailed timing beside it takes the one that it meets, and adds no third one,
-    // but where 1000/1001 of a rate is wished, which is then within a step of the clock.
+    // A code stands for both of its rates. A detailed timing beside it takes whichever of them it meets and adds no
+    // third, unless 1000/1001 of a rate is wished, which is then within a step of the clock.
     SZorMode oPartner = {};
     if (oMode.m_uiCode != 0 && !IsWholeClock(oMode.m_oTiming) && !oMode.IsWishedFraction() &&
         FindPartner(oMode, oPartner) && IsWholeClock(oPartner))
@@ -631,7 +631,7 @@ CMString CMakerPlan::PlacePreferred()
     {
         ++m_uiFirstDetailed;
     }
-    // Else of the first one that has a code and would fit, else of a fallback that every source can send.
+    // Otherwise the first mode with a code that would fit, or a fallback that every source can send.
     CDetailedBytes aui8Bytes;
     for (unsigned int i = 0; i < m_aoModes.GetCount() && m_uiFirstDetailed == m_aoModes.GetCount(); ++i)
     {

@@ -66,7 +66,7 @@ CRanges SortRanges(CRanges aoRanges)
     return aoRanges;
 }
 
-// Of sorted ranges the last one that begins at the field or ahead of it.
+// Of the sorted ranges only the last that begins at the field or before it can hold the field.
 bool IsHeld(const CRanges& aoRanges, const CZorEdidMap::SField& oField)
 {
     const SRange* const poFirst = aoRanges.GetData();
@@ -115,7 +115,7 @@ CPartsComparison::SLeaves CPartsComparison::ListLeaves(const CZorEdidMap& oMap, 
     return oLeaves;
 }
 
-// A reference to another part says something else when that part is another one: its mode tells.
+// A reference changes its meaning when it leads to a different part, which the mode shows.
 bool CPartsComparison::IsSame(unsigned int uiBefore, unsigned int uiAfter) const
 {
     const CZorEdidMap::SField& oBefore = m_oBefore.GetField(uiBefore);

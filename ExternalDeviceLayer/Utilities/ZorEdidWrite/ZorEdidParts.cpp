@@ -245,7 +245,7 @@ int CPartsEdit::CommitMove(const SRange& oBefore, const SRange& oAfter)
 
 // ---- Room ----
 
-// Of several blocks without room the one that lacks least.
+// Keeps the block that lacks least, of several without room.
 void CPartsEdit::NoteLack(unsigned int uiBlock, unsigned int uiLacking, EList eList)
 {
     if (!m_bLack || uiLacking < m_oAnswer.m_uiLacking)
@@ -417,7 +417,7 @@ SRange CPartsEdit::FindPiece(const unsigned char* pui8Block, bool bBase, EList e
     return { oPiece.m_uiOffset, oPiece.m_uiSize };
 }
 
-// A dummy descriptor goes for it: the one at the place, or the next one that there is.
+// It replaces a dummy descriptor: that at the place, or else the next one.
 bool CPartsEdit::PutBaseDescriptor(CBlockParts& oBlock, const SPiece& oPiece, unsigned int uiPlace)
 {
     CPieces& aoDescriptors = oBlock.Get(eList_Descriptors);
@@ -994,7 +994,7 @@ int CPartsEdit::Move(unsigned int uiField, unsigned int uiPlace)
     return CommitMove(oPart.m_oRange, oAfter);
 }
 
-// The count of natives is of the first timings: one that moves to them makes them more, one that leaves them fewer.
+// The count of natives covers the first timings: a timing that moves among them raises it, one that leaves lowers it.
 void CPartsEdit::MoveNatives(const SPart& oPart, unsigned int uiPlace)
 {
     if (oPart.m_eList != eList_Descriptors && oPart.m_eList != eList_Detailed)

@@ -99,7 +99,7 @@ CCodes FindListedCodes(const CEdidExtBlockCEA861& oCea, unsigned int uiCode, boo
     return oCodes;
 }
 
-// What tells the ordinary timings of a block from each other, in their order: code, whether at 1000/1001, native.
+// What distinguishes the ordinary timings of a block, in their order: code, whether at 1000/1001, native.
 using CKeys = std::vector<std::tuple<unsigned int, int, int>>;
 
 CKeys ListKeys(const CEdidExtBlockCEA861& oCea)

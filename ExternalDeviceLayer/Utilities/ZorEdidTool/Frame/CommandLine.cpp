@@ -573,8 +573,8 @@ EExit CCommandLine::Parse(const std::function<void()>& fnParsed)
     }
     catch (const CLI::ParseError& oError)
     {
-        // A word that is missing is often the one that a mistyped option was to have, and one that is no FILE or MODE
-        // its value.
+        // A missing word is often what a mistyped option was to take, and a word that is not a FILE or MODE its
+        // value.
         const bool bWord = dynamic_cast<const CLI::RequiredError*>(&oError) != nullptr ||
                            dynamic_cast<const CLI::ValidationError*>(&oError) != nullptr;
         const bool bExtras =

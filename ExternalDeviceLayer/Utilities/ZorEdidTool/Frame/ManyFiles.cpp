@@ -463,8 +463,8 @@ private:
 // Output that cannot be written ends the run: no later turn could be printed.
 bool CanPrint() { return ferror(stdout) == 0; }
 
-// The turns from the next to be printed to the last begun. All threads run the same: one that is done with its
-// turns prints what can be printed, so that no thread has to be woken for that.
+// The turns from the next to be printed to the last begun. All threads run the same code: whichever finishes
+// its turns prints what can be printed, so that no thread has to be woken for that.
 class CWindow
 {
 public:
@@ -577,7 +577,7 @@ private:
     bool m_bEnded = false;    // no more names follow
 };
 
-// The threads of a run besides the one that it is called in; they are joined whatever happens.
+// A run's threads besides the calling thread; they are joined whatever happens.
 class CThreads
 {
 public:

@@ -57,7 +57,7 @@ bool EndsInRow(std::string_view sText)
     return true;
 }
 
-// Takes off the characters behind 16 bytes, which may look like anything.
+// Takes off the characters after the 16 bytes, which may look like anything.
 std::string_view CutCharacters(std::string_view sLine)
 {
     constexpr std::string_view sGap = "  ";

@@ -50,7 +50,7 @@ void RemoveRepeated(CMonitors& aoMonitors)
     aoMonitors.erase(itEnd, aoMonitors.end());
 }
 
-// The place of the one that is wanted, which is not empty. Their number, with the reason in sProblem, without one.
+// The index of the wanted monitor, which is not empty. Without one their number, with the reason in sProblem.
 size_t FindMonitor(const CMonitors& aoMonitors, const std::string& sWanted, std::string& sProblem)
 {
     const auto fnHasName = [&sWanted](const SInput& oMonitor) { return IsConnector(oMonitor.m_sName, sWanted); };

@@ -138,7 +138,7 @@ CUnfinishedFile::CUnfinishedFile(const std::string& sFolder)
     {
         g_oCaught = CatchSignals();
     }
-    // The name is made in its place, which the handler may read at any moment: there is no file yet, or it goes.
+    // The handler may read the name at any moment, so it is made in place: the file does not exist yet, or is removed.
     memcpy(poPlace->m_szPath, sTemplate.c_str(), sTemplate.size() + 1);
     poPlace->m_bUsed = true;
     ++g_uiObjects;

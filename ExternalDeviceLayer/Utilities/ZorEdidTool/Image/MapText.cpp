@@ -108,12 +108,16 @@ std::vector<std::string> ListIdTexts()
     return asIds;
 }
 
+// A number behind a code, or behind a name that ends in one, such as the aspect ratio of a mode, has a mark.
 std::string GetFieldName(const CZorEdidMap::SField& oField)
 {
     const std::string sName = oField.m_pszName;
-    return oField.m_uiIndex == CZorEdidMap::msc_uiNone
-               ? sName
-               : sName + (FindCode(oField) != nullptr ? " #" : " ") + std::to_string(oField.m_uiIndex);
+    if (oField.m_uiIndex == CZorEdidMap::msc_uiNone)
+    {
+        return sName;
+    }
+    const bool bMarked = FindCode(oField) != nullptr || (!sName.empty() && sName.back() >= '0' && sName.back() <= '9');
+    return sName + (bMarked ? " #" : " ") + std::to_string(oField.m_uiIndex);
 }
 
 std::string GetWholeValue(const CZorEdidMap& oMap, unsigned int uiField)

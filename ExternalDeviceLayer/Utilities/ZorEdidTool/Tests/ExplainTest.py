@@ -149,6 +149,9 @@ class ExplainTest(ToolTest):
         codes = with_blocks(display_id(bytes.fromhex("23 40 02 04 10"), version=0x20))
         self.assertEqual([line.split(" > ")[-1] for line in self.lines("--find", "VIC 16", "--block", "1", image=codes)],
                          ["VIC #1: 16, 1920x1080p 59.94/60 Hz 16:9"])
+        twice = with_blocks(bytes.fromhex("02030a00 42 1010 e2 0f03"))  # one code at two places
+        self.assertEqual([line.split(" > ")[-1].split(": ")[0] for line in self.lines("--find", "also in", image=twice)],
+                         [f"Video code 16, 1920x1080p 59.94/60 Hz 16:9 #{place}" for place in (1, 0)])
         container = with_blocks(bytes.fromhex("02031a00 75 5c12ca 0107") + bytes(range(16)))
         self.assertIn("Container ID: 00010203-0405-", self.lines("--find", "03-0405-0607-08", image=container)[0])
         self.assertEqual(self.lines("--find", "standard timing 3"),

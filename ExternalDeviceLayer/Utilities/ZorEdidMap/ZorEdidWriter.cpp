@@ -447,13 +447,22 @@ private:
     bool m_bFacts; // those of the image differ
 };
 
+// With the structure around it: a place of a map or mask has no name of its own.
+CMString NameInGroup(const SMapContent& oMap, unsigned int uiField)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    const bool bNamed = oField.m_uiGroup != gsc_uiNone && oMap.GetField(oField.m_uiGroup).m_uiDepth != 0;
+    return bNamed ? CMString(oMap.GetField(oField.m_uiGroup).m_pszName) + " > " + oField.m_pszName
+                  : CMString(oField.m_pszName);
+}
+
 // Empty, or why the draft must not count.
 CMString CheckDraft(const SMapContent& oBefore, const SMapContent& oAfter, unsigned int uiField, const SDraft& oDraft)
 {
     const unsigned int uiOther = CComparison(oBefore, oAfter, uiField, oDraft.m_oRoom).FindDifference();
     if (uiOther != gsc_uiNone)
     {
-        return CMString("other fields would change their meaning, first ") + oBefore.GetField(uiOther).m_pszName +
+        return "other fields would change their meaning, first " + NameInGroup(oBefore, uiOther) +
                "; raw: writes it nonetheless";
     }
     const CMString oText = FormatValue(oAfter, uiField);

@@ -43,6 +43,15 @@ bool IsUnusedMapPlace(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField
            oField.m_llNumber == 0;
 }
 
+// With the structure around it: a place of a map or mask has no name of its own.
+CMString NameInGroup(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    const bool bNamed = oField.m_uiGroup != CZorEdidMap::msc_uiNone && oMap.GetField(oField.m_uiGroup).m_uiDepth != 0;
+    return bNamed ? CMString(oMap.GetField(oField.m_uiGroup).m_pszName) + " > " + oField.m_pszName
+                  : CMString(oField.m_pszName);
+}
+
 unsigned int GetEnd(const SRange& oRange) { return oRange.m_uiOffset + oRange.m_uiSize; }
 
 // In their order, without those that lie in others: thousands of them may be asked for each field.
@@ -145,9 +154,9 @@ CMString CPartsComparison::Compare(const CFields& auiBefore, const CFields& auiA
     {
         return {};
     }
-    const CMString oName = uiSame < auiBefore.GetCount() ? m_oBefore.GetField(auiBefore[uiSame]).m_pszName
-                                                         : m_oAfter.GetField(auiAfter[uiSame]).m_pszName;
-    return "other parts would read differently, first " + oName;
+    return "other parts would read differently, first " + (uiSame < auiBefore.GetCount()
+                                                               ? NameInGroup(m_oBefore, auiBefore[uiSame])
+                                                               : NameInGroup(m_oAfter, auiAfter[uiSame]));
 }
 
 CMString CPartsComparison::FindDifference() const

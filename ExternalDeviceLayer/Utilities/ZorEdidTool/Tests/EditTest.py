@@ -156,6 +156,14 @@ class Edits(unittest.TestCase):
                 (IMAGE, "--remove-vic 76", "the image has no VIC 76; it has its mode in block 0: Standard timing 6, block "
                  "0: Detailed timing, block 1: Video data block > Short video descriptor 14, which do not name this code: --remove 1920x1080@60 removes "
                  "the mode"),
+                (cea("421061" "e20f06"), "--add cta.video=1f",
+                 "differently, first YCbCr 4:2:0 capability map data block > Place without a video code"),
+                (cea("421061" "e20f02"), "--remove-part cta.video.descriptor[0]", "differently, first YCbCr 4:2:0 capability "
+                 "map data block > Video code 97, 3840x2160p 59.94/60 Hz 16:9"),
+                (cea("429004" "6e030c001000004420c00400018002"), "--remove-part cta.video.descriptor[1]",
+                 "differently, first 3D_MASK > Video code 4, 1280x720p 59.94/60 Hz 16:9"),
+                (cea("421061" "e20f02"), "--set cta.video.vic[1]=31", "meaning, first YCbCr 4:2:0 capability map data block > "
+                 "Video code 97, 3840x2160p 59.94/60 Hz 16:9; raw: writes it nonetheless"),
                 (IMAGE, "--remove 1680x1050@75", "of this size it has 1680x1050@59.95"),
                 (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50, "
                  "1280x720@59.94"),

@@ -137,7 +137,7 @@ void DeclareMakeOptions(COptions& oCommand, STool& oTool)
         .Placeholder("FILE");
     oCommand
         .Word("--like", poArguments->m_sLike,
-              "The EDID whose identity, size, colors and audio are taken where no option says otherwise")
+              "The EDID whose identity, size, colours and audio are taken where no option says otherwise")
         .Placeholder("FILE");
     oCommand.Flag("-q,--quiet", poArguments->m_bQuiet, "Do not say where each mode went");
     DeclareImageOutput(oCommand, "The image", poArguments->m_oOutput);

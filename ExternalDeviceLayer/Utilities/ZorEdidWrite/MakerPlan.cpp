@@ -193,7 +193,7 @@ CMString CMakerPlan::CheckNumbers() const
     }
     if (std::ranges::find(auiDepths, oWishes.m_uiColorDepth) == std::end(auiDepths))
     {
-        return "a color depth is 8, 10 or 12 bits";
+        return "a colour depth is 8, 10 or 12 bits";
     }
     if (!oWishes.HasHdr() &&
         (oWishes.m_uiFrameLuminance != 0 || oWishes.m_uiMinLuminance != 0 || oWishes.m_uiMaxLuminance != 0))
@@ -268,7 +268,7 @@ CMString CMakerPlan::CheckInterface() const
     const bool bDvi = oWishes.m_eInterface == SZorEdidWishes::eInterface_Dvi;
     if (bDvi && (m_bCta || oWishes.HasVrr() || GetColorDepth() > 8))
     {
-        return "DVI has no audio, no HDR, no variable refresh and 8 bits of color";
+        return "DVI has no audio, no HDR, no variable refresh and 8 bits of colour";
     }
     return "";
 }

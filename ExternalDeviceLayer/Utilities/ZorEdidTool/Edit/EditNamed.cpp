@@ -248,7 +248,7 @@ std::string FollowSrgb(CFieldEdits& oFields)
     }
     if (bColors)
     {
-        oFields.Note("the colors are those of sRGB and the gamma is not, so that the image does not say that it is "
+        oFields.Note("the colours are those of sRGB and the gamma is not, so that the image does not say that it is "
                      "sRGB; with --gamma 2.2 it does");
     }
     return oFields.IsFound({ eZorEdidRule_SrgbColors, eZorEdidRule_SrgbGamma })
@@ -383,7 +383,7 @@ std::string ParseChromaticities(const std::string& sText, CNamedEdit& fnEdit)
         if (!IsColor(asNumbers[i], asNumbers[i + 1]))
         {
             return "'" + asNumbers[i] + "," + asNumbers[i + 1] +
-                   "' is not a color: x and y are above 0, and at most 1 together";
+                   "' is not a colour: x and y are above 0, and at most 1 together";
         }
     }
     fnEdit = [asNumbers](CFieldEdits& oFields) {

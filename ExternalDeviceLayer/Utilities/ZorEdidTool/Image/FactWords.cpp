@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "AudioNumbers.h"
+#include "ExactTimings.h"
 #include "FactList.h"
 #include "Standards/AudioBlocks.h"
 #include "TextFormat.h"
@@ -15,7 +16,7 @@ namespace
 {
 using CFacts = CZorEdidFacts;
 
-constexpr unsigned int gsc_uiKiloHzPerMegaHz = 1000;
+constexpr unsigned long long gsc_ullHzPerKiloHz = 1000;
 constexpr const char* gsc_pszNotAnnounced = "not announced";
 
 void Append(std::string& sList, const std::string& sNext, const char* pszBetween = ", ")
@@ -48,13 +49,8 @@ std::string NameBits(unsigned int uiBits, const SBitName (&aoNames)[uiCount], co
     return sText;
 }
 
-// "600", "340.5"
-std::string GetMegaHz(unsigned int uiKiloHz)
-{
-    return uiKiloHz % gsc_uiKiloHzPerMegaHz == 0
-               ? std::to_string(uiKiloHz / gsc_uiKiloHzPerMegaHz)
-               : FormatText("%.1f", static_cast<double>(uiKiloHz) / gsc_uiKiloHzPerMegaHz);
-}
+// "600", "169.25"
+std::string GetMegaHz(unsigned int uiKiloHz) { return GetMegaHertz(gsc_ullHzPerKiloHz * uiKiloHz, 0); }
 
 // "48 to 144 Hz", "430 kHz"
 std::string GetRange(const SZorFact<CFacts::SRange>& oRange, const char* pszUnit)

@@ -7,7 +7,6 @@
 #include <math.h>
 #include <optional>
 #include <set>
-#include <string_view>
 
 #include "ExactTimings.h"
 #include "PageParts.h"
@@ -41,7 +40,8 @@ std::optional<SRangeLimits> FindLimits(const CFacts& oFacts)
     {
         return std::nullopt;
     }
-    const bool bDescriptor = oLink.m_oVerticalRates.m_eId == eZorEdidField_BaseRangeMinVerticalRate ||
+    // Of both axes: a rate that DisplayID declares is never "or more".
+    const bool bDescriptor = oLink.m_oVerticalRates.m_eId == eZorEdidField_BaseRangeMinVerticalRate &&
                              oLink.m_oHorizontalRates.m_eId == eZorEdidField_BaseRangeMinHorizontalRate;
     const bool bOffsets = oFacts.GetIdentity().m_oRevision.m_oValue >= BaseBlock::gsc_uiVideoInputRevision;
     const unsigned int uiHighest = (bOffsets ? 2 : 1) * Descriptors::gsc_uiRateOffset; // that a descriptor can hold
@@ -55,15 +55,12 @@ std::optional<SRangeLimits> FindLimits(const CFacts& oFacts)
                          bDescriptor ? uiHighest : UINT_MAX };
 }
 
-// "; DisplayID's where the base block has others": whose they are where several places declare limits.
+// Whose they are where several places declare limits. Findings and edits go by those of the base block.
 std::string DescribePrecedence(const CFacts& oFacts)
 {
     const auto fnIsLimits = [](CFacts::EQuestion eQuestion) {
         return eQuestion == CFacts::eQuestion_VerticalRates || eQuestion == CFacts::eQuestion_HorizontalRates ||
                eQuestion == CFacts::eQuestion_MaxPixelClock;
-    };
-    const auto fnIsDisplayId = [](EZorEdidField eField) {
-        return std::string_view(CZorEdidMap::GetId(eField)).starts_with("displayid.");
     };
     unsigned int i = 0;
     for (const CFacts::SConflict* poConflict = oFacts.GetConflict(0); poConflict != nullptr;
@@ -71,9 +68,9 @@ std::string DescribePrecedence(const CFacts& oFacts)
     {
         if (fnIsLimits(poConflict->m_eQuestion))
         {
-            const bool bBase = poConflict->m_ui16Other < ZorStandards::gsc_uiBlockSize;
-            return std::string(fnIsDisplayId(poConflict->m_eTaken) ? "; DisplayID's" : "; the first ones") + " where " +
-                   (bBase ? "the base block" : "another place") + " has others";
+            return poConflict->m_ui16Other < ZorStandards::gsc_uiBlockSize
+                       ? " (those of DisplayID; findings go by the base block, which has others)"
+                       : " (the first ones; DisplayID has others, too)";
         }
     }
     return "";

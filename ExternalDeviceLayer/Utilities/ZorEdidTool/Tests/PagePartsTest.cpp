@@ -347,8 +347,8 @@ TEST(PagePlots, LimitsAreThoseOfTheHead)
     const std::vector<unsigned char> aui8Limits = { 61, 75, 30, 83 };
     const std::pair<CBytes, const char*> aoCases[] = {
         { WithLimits(aui8Limits, { MakeDisplayIdBlock(aui8Range) }),
-          "Range limits: 48 to 144 Hz, 30 to 160 kHz, clocks up to 600 MHz; DisplayID&#39;s where the base block has "
-          "others." },
+          "Range limits: 48 to 144 Hz, 30 to 160 kHz, clocks up to 600 MHz (those of DisplayID; findings go by the "
+          "base block, which has others)." },
         { MakeEdid({ MakeDisplayIdBlock(aui8Range) }),
           "Range limits: 48 to 144 Hz, 30 to 160 kHz, clocks up to 600 MHz." },
     };

@@ -245,7 +245,8 @@ CMString CMakerPlan::CheckDate() const
     {
         return "a date is a year from 2006 to 2245, and a week of it from 1 to 53";
     }
-    return m_oWishes.m_uiThisYear != 0 && uiYear > m_oWishes.m_uiThisYear ? "the year of manufacture is to come" : "";
+    return m_oWishes.m_uiThisYear != 0 && uiYear > m_oWishes.m_uiThisYear ? "the year of manufacture is in the future"
+                                                                          : "";
 }
 
 CMString CMakerPlan::CheckInterface() const
@@ -554,7 +555,7 @@ CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
     CDetailedBytes aui8Detailed;
     CType1Bytes aui8Type1;
     // A code stands for both of its rates. A detailed timing beside it takes whichever of them it meets and adds no
-    // third, unless 1000/1001 of a rate is wished, which is then within a step of the clock.
+    // third, unless a rate that is not whole is wished, which is then within a step of the clock.
     SZorMode oPartner = {};
     if (oMode.m_uiCode != 0 && !IsWholeClock(oMode.m_oTiming) && !oMode.IsWishedFraction() &&
         FindPartner(oMode, oPartner) && IsWholeClock(oPartner))

@@ -23,7 +23,7 @@ struct SPlannedMode
     bool m_bFallback = false;
 
     bool Allows420() const;        // HDMI has it in YCbCr 4:2:0
-    bool IsWishedFraction() const; // its rate, 1000/1001 of a whole one, is wished or the nearest of a code
+    bool IsWishedFraction() const; // it is wished, or the code nearest to a wish has it: no whole rate
 };
 
 } // namespace ZorWrite

@@ -105,8 +105,8 @@ SDistance MeasureDistance(const SZorMode::SRate& oRate, const SZorMode::SRate& o
     return { uiRate > uiWanted ? uiRate - uiWanted : uiWanted - uiRate, oRate.m_ullDivisor };
 }
 
-// Is given the modes of tables and keeps the nearest one, of equally near ones the first. What has the wished rate by
-// its name is no distance away.
+// Is given the modes of tables and keeps the nearest one, of equally near ones the first. What has the wished rate, by
+// its clock or by its name, is no distance away.
 class CNearestOfTables
 {
 public:
@@ -116,9 +116,9 @@ public:
     {
         if (IsSamePicture(oMode, m_oWanted) && (oMode.m_uiRepetition <= 1 || m_bRepeated))
         {
-            const SDistance oOfName = MeasureDistance(oMode.m_oNominalRate, m_oWanted.m_oNominalRate);
-            const SDistance oDistance =
-                oOfName.m_uiDividend == 0 ? oOfName : MeasureDistance(oMode.m_oRate, m_oWanted.m_oNominalRate);
+            const SDistance oDistance = ZorWrite::IsWantedRate(oMode, m_oWanted)
+                                            ? SDistance{ 0, 1 }
+                                            : MeasureDistance(oMode.m_oRate, m_oWanted.m_oNominalRate);
             if (!m_bFound || oDistance < m_oLeast)
             {
                 m_oNearest = oMode;
@@ -143,11 +143,28 @@ private:
     SDistance m_oLeast = {};
 };
 
+// CVT for the rate, or for the next whole one, whose clock may come nearer: 2560x1440 for 60 Hz has 59.95 Hz.
+bool ComputeNearest(const SZorMode& oWanted, SZorMode& oTiming)
+{
+    if (!Compute(oWanted, SZorMode::eBlanking_Reduced1, oTiming))
+    {
+        return false;
+    }
+    const SZorMode::SRate& oRate = oWanted.m_oNominalRate;
+    SZorMode oWhole = oWanted;
+    oWhole.m_oNominalRate = { oRate.m_ullDividend / oRate.m_ullDivisor + 1, 1 };
+    const bool bNearer = oRate.m_ullDividend % oRate.m_ullDivisor != 0 &&
+                         Compute(oWhole, SZorMode::eBlanking_Reduced1, oWhole) &&
+                         MeasureDistance(oWhole.m_oRate, oRate) < MeasureDistance(oTiming.m_oRate, oRate);
+    oTiming = bNearer ? oWhole : oTiming;
+    return true;
+}
+
 // A whole rate that only the formula with clocks of 1 kHz meets is met well enough by one with clocks of 250 kHz.
 bool FindAny(const SZorMode& oWanted, bool bRepeated, SZorMode& oTiming)
 {
     SZorMode oComputed = {};
-    if (!Compute(oWanted, SZorMode::eBlanking_Reduced1, oComputed))
+    if (!ComputeNearest(oWanted, oComputed))
     {
         return FindCode(oWanted, bRepeated, oTiming) || FindDmt(oWanted, true, oTiming) ||
                FindDmt(oWanted, false, oTiming);

@@ -9,8 +9,8 @@
 
 enum EZorTimingSource : unsigned char
 {
-    /// What has the wished rate by its name: of CTA-861, then of VESA DMT, there reduced blanking first. Else what is
-    /// nearest to it of these and of CVT with reduced blanking, of equally near ones the first in this order.
+    /// What has the wished rate: of CTA-861, then of VESA DMT, there reduced blanking first. Else what is nearest to it
+    /// of these and of CVT with reduced blanking, of equally near ones the first in this order.
     eZorTimingSource_Any,
     eZorTimingSource_Cta, ///< a video code of CTA-861, at its rate or at 1000/1001 of it
     eZorTimingSource_Dmt, ///< standard blanking first

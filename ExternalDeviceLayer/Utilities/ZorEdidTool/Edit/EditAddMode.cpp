@@ -26,6 +26,7 @@ using CTexts = std::vector<std::string>;
 struct SAddedMode
 {
     SZorMode m_oMode = {};
+    SZorMode m_oWished = {}; // without a type: size and rate
     bool m_bPreferred = false;
     bool m_bDisplayId = false;
 };
@@ -127,6 +128,15 @@ bool IsThere(const SZorMode& oMode, const SZorImageMode& oPresent)
             ZorWrite::IsSameTiming(oPartner, oMode, uiHalfStep));
 }
 
+// Whether the wish is the rate of the mode as it is printed: 74.55 Hz. A whole one may mean another timing.
+bool IsRateOf(const SZorMode& oWished, const SZorMode& oPresent)
+{
+    const SZorMode::SRate& oRate = oWished.m_oNominalRate;
+    return oRate.m_ullDivisor != 0 && oRate.m_ullDividend % oRate.m_ullDivisor != 0 &&
+           oWished.m_uiWidth == oPresent.m_uiWidth && oWished.m_uiHeight == oPresent.m_uiHeight &&
+           oWished.m_bInterlaced == oPresent.m_bInterlaced && ZorWrite::IsSameRate(oRate, oPresent.m_oRate);
+}
+
 // A record or a code that announces the timing, preferred or in DisplayID where that was asked. Null for none.
 const SZorImageMode* FindPresent(const CZorEdidModes& oModes, const SAddedMode& oAdded)
 {
@@ -139,7 +149,8 @@ const SZorImageMode* FindPresent(const CZorEdidModes& oModes, const SAddedMode& 
                                 oPresent.m_eReason == SZorImageMode::eReason_Flag;
         if ((bDisplayId || !oAdded.m_bDisplayId) && (bPreferred || !oAdded.m_bPreferred) &&
             oPresent.m_eNumbers != SZorImageMode::eNumbers_Assumed && oPresent.m_oMode.m_bTiming &&
-            oPresent.m_oMode.m_eY420 != SZorMode::eY420_Only && IsThere(oAdded.m_oMode, oPresent))
+            oPresent.m_oMode.m_eY420 != SZorMode::eY420_Only &&
+            (IsThere(oAdded.m_oMode, oPresent) || IsRateOf(oAdded.m_oWished, oPresent.m_oMode)))
         {
             return &oPresent;
         }
@@ -248,6 +259,7 @@ std::string ParseAddedMode(const CTexts& asFields, SAddedMode& oAdded)
                    NameKnownWords(asFields[i], asWords, "preferred, displayid, or one of " + JoinTexts(asTypes));
         }
     }
+    oAdded.m_oWished = sAsked.empty() ? oWanted : oAdded.m_oWished;
     if (!FindTiming(oWanted, sAsked, oAdded.m_oMode))
     {
         return (sAsked.empty() ? "no table and no formula" : sAsked) + " has no timing for " + asFields[0];

@@ -225,8 +225,8 @@ std::string ParseAudioSet(const std::string& sText, SEdit& oEdit)
 
 // ---- Modes ----
 
-// Without a type, the first of these that knows the mode: what televisions and monitors use, else computed. In the
-// order of FindZorTiming, so that a new mode has the same timing whichever option adds it.
+// Without a type, the first of these that knows the mode: what televisions and monitors use, else computed.
+// --preferred takes a timing of the library's lists, whose rates are whole; --add-mode asks FindZorTiming.
 constexpr const char* gsc_apszDefaultSources[] = { "cea", "dmt-rb", "dmt", "cvt-rb" };
 
 const STimingSource* FindSource(const std::string& sName)

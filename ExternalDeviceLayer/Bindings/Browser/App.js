@@ -36,6 +36,7 @@
 
   // Calls a function of App.cpp with texts and bytes. Returns its results as bytes; throws a refusal as an Error.
   const ask = (name, ...parts) => {
+    if (!library) throw new Error("The library is not loaded yet.");
     for (const part of parts) {
       const bytes = typeof part === "string" ? toBytes(part) : part;
       const address = library.app_add_argument(bytes.length);
@@ -420,6 +421,9 @@
 
   listen(document);
   loadLibrary().then(
-    () => document.documentElement.classList.add("ready"),
+    () => {
+      one("#see").disabled = false;
+      document.documentElement.classList.add("ready");
+    },
     error => say("This browser does not run the library: " + error.message, true));
 })();

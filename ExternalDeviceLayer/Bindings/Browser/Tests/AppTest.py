@@ -192,7 +192,7 @@ class AppCases:
               f"{times[0][1]:.0f} ms; after others {later[0][0]:.0f} to {later[0][-1]:.0f} and {later[1][0]:.0f} to "
               f"{later[1][-1]:.0f} ms; {os.path.getsize(APP) / 1e6:.2f} MB")
         patience = 1 if os.getloadavg()[0] < os.cpu_count() else 3  # other programs have most of the time
-        self.assertLess(later[0][0], LONGEST * patience)
+        self.assertLess(later[0][len(later[0]) // 2], LONGEST * patience)
         self.assertLess(times[0][0], 2 * LONGEST * patience)  # the machine may be a slow one
         self.assertLess(os.path.getsize(APP), 3e6)
 

@@ -196,8 +196,8 @@ void DeclareEditOptions(COptions& oCommand, STool& oTool)
     oCommand.Footer(
         "Edits are done in the order given; all numbers mean the image as it was read, as 'zoredid modes'\n"
         "prints them. Fields and parts are edited after all others. Removing the same thing twice is not an error.\n"
-        "When one edit is refused, nothing is written. An edit changes nothing that it does not name: the\n"
-        "result is read again and compared before it is written.\n"
+        "When one edit is refused, nothing is written. An edit changes what it names and what must follow,\n"
+        "which a line says: the result is read again and compared before it is written.\n"
         "\n"
         "Examples:\n"
         "  zoredid edit monitor.bin --set base.name=Projector --set base.display.gamma=2.4 -o new.bin\n"

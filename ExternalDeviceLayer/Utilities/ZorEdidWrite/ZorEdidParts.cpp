@@ -266,8 +266,8 @@ int CPartsEdit::RefuseForRoom(const char* pszWhere)
         return Refuse(oReason);
     }
     CMString oReason;
-    oReason.Format("%u %s in block %u", m_oAnswer.m_uiLacking, m_oAnswer.m_uiLacking == 1 ? "byte lacks" : "bytes lack",
-                   m_uiLackBlock);
+    oReason.Format("block %u lacks %u %s", m_uiLackBlock, m_oAnswer.m_uiLacking,
+                   m_oAnswer.m_uiLacking == 1 ? "byte" : "bytes");
     ListRemovable();
     oReason += m_oNoFurther.GetLength() != 0 ? "; no new block, as " + m_oNoFurther : CMString();
     return Refuse(oReason);

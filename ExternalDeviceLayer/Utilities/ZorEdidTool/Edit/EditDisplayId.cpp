@@ -93,7 +93,7 @@ void NoteUnsaid(CFieldEdits& oFields, const CZorEdidFacts& oFacts)
     };
     fnName(oFacts.GetSize().m_oKind.IsSaid(), "a standalone display device");
     fnName(oFacts.GetLink().m_oKind.m_oValue != CZorEdidFacts::eLink_Digital, "DVI");
-    fnName(oFacts.GetColour().m_oDepth.IsSaid(), FormatText("%u bits per color", gsc_uiUsualDepth));
+    fnName(oFacts.GetColour().m_oDepth.IsSaid(), FormatText("%u bits per colour", gsc_uiUsualDepth));
     fnName(oFacts.GetAudio().m_oAudio.IsSaid(), "no audio");
     if (!asUnsaid.empty())
     {

@@ -45,10 +45,10 @@ public:
     // Whether there is another document, or anything that is none.
     bool HasMore();
 
-    // Reads one. False when it is no JSON, or a call has returned false.
+    // Reads one. False when it is not JSON, or a call has returned false.
     bool Read(CJsonEvents& oEvents);
 
-    // Why it is no JSON, one line; empty where a call has ended the reading. And where in the bytes that was.
+    // Why it is not JSON, one line; empty where a call has ended the reading. And where in the bytes that was.
     const std::string& GetProblem() const;
     size_t GetOffset() const;
 

@@ -268,7 +268,7 @@ TEST_F(EditNamed, FirstDisplayId)
           "1.33", "" },
         { MakePatched({ { 0x18, 0 } }), eZorEdidField_DisplayidParametersHorizontalPixels, "not given", "" },
         { MakePatched({ { 0x14, 0x80 } }), eZorEdidField_DisplayidParametersNativeBitDepth, "8 bits per color",
-          "DVI, 8 bits per color; " },
+          "DVI, 8 bits per colour; " },
         { MakePatched({ { 0x10, 9 }, { 0x11, 5 } }), eZorEdidField_DisplayidProductWeek, "not given",
           "DisplayID says 2000 for the year" },
     };
@@ -404,9 +404,9 @@ TEST_F(EditNamed, FullBaseBlocks)
     ASSERT_EQ("", Do(oFields, "--add-mode", "1600x900@60,cvt-rb"));
     EXPECT_FALSE(oFields.Has(eZorEdidField_Cta));
     EXPECT_EQ(2U, oFields.GetMap().CountFields(eZorEdidField_DisplayidType1Timing));
-    EXPECT_EQ("18 bytes lack in block 0", Do(oFields, "--add", szString));
+    EXPECT_EQ("block 0 lacks 18 bytes", Do(oFields, "--add", szString));
     CFieldEdits oAgain(oFields.GetBytes());
-    EXPECT_EQ("18 bytes lack in block 0; one of these could go: base.name (A), base.serial (B), "
+    EXPECT_EQ("block 0 lacks 18 bytes; one of these could go: base.name (A), base.serial (B), "
               "base.range (24 to 144 Hz, 30 to 222 kHz)",
               Do(oAgain, "--add", szString));
 }

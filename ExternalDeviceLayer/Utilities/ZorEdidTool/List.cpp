@@ -7,6 +7,7 @@
 
 #include "CommandLine.h"
 #include "Connectors.h"
+#include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
@@ -53,13 +54,14 @@ CRow MakeRow(const SConnector& oConnector, STool& oTool)
         }
         return asRow;
     }
-    CEdid oEdid;
-    if (oEdid.SetEdidBuffer(oInput.m_aui8Bytes.data(), static_cast<unsigned int>(oInput.m_aui8Bytes.size()), 0) == 0)
+    CLoadedImage oImage;
+    if (!oImage.Load(oInput))
     {
-        fputs(MakeErrorLine(oConnector.m_sName, "no EDID").c_str(), stderr);
+        fputs(MakeErrorLine(oConnector.m_sName, oImage.GetProblem()).c_str(), stderr);
         oTool.Note(eExit_Input);
         return asRow;
     }
+    const CEdid& oEdid = oImage.GetEdid();
     char szMonitor[14] = {}; // longest text of a descriptor, and the terminator
     if (oEdid.GetMonitorName(szMonitor, sizeof(szMonitor)) == 0)
     {

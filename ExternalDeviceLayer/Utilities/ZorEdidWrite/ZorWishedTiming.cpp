@@ -12,10 +12,11 @@ namespace
 {
 using namespace ZorStandards;
 
+// A mode whose pixels are sent twice has two names: 720x480i, and 1440x480i by what is sent.
 bool IsSamePicture(const SZorMode& oMode, const SZorMode& oWanted)
 {
-    return oMode.m_uiWidth == oWanted.m_uiWidth && oMode.m_uiHeight == oWanted.m_uiHeight &&
-           oMode.m_bInterlaced == oWanted.m_bInterlaced;
+    return (oMode.m_uiWidth == oWanted.m_uiWidth || oMode.m_uiWidth * oMode.m_uiRepetition == oWanted.m_uiWidth) &&
+           oMode.m_uiHeight == oWanted.m_uiHeight && oMode.m_bInterlaced == oWanted.m_bInterlaced;
 }
 
 bool IsWanted(const SZorMode& oMode, const SZorMode& oWanted)

@@ -43,6 +43,13 @@ constexpr SHdrWord gsc_aoLuminances[] = {
 std::string AddHdr(CFieldEdits& oFields, const CTexts& asTransfers, const CTexts& asLuminances)
 {
     constexpr size_t uiFlags = 2;
+    constexpr size_t uiMax = 0; // of the luminances
+    constexpr size_t uiMin = 2;
+    if (!asLuminances[uiMin].empty() && asLuminances[uiMax].empty() &&
+        (!oFields.Has(gsc_aoLuminances[uiMax].m_eId) || oFields.GetNumber(gsc_aoLuminances[uiMax].m_eId) == 0))
+    {
+        return "min: this luminance is a fraction of the maximum, max, which the image does not have";
+    }
     size_t uiLeast = uiFlags; // a luminance needs the bytes of those before it
     for (size_t i = 0; i < asLuminances.size(); ++i)
     {

@@ -185,6 +185,7 @@ TEST_F(EditNamed, IsRefused)
         { "--add-modeline", "74.25 1280 1390" },
         { "--add-vic", "128" },
         { "--add-hdr", "dolby" },
+        { "--add-hdr", "hlg,min=0.05" }, // without a maximum
         { "--colorimetry", "rgb" },
         { "--vrr", "60-144" },
         { "--frl", "5x4" },

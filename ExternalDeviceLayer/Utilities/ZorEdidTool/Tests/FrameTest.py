@@ -772,6 +772,9 @@ class Connectors(FolderCase):
         status, out, error = run("list", "--sysfs", self.folder)
         self.assertEqual((3, 3, 1), (status, out.count(b"\n"), error.count("\n")))
         self.assertRegex(error, "^zoredid: card1-DP-1: .*" + reason)
+        self.write("card0-DP-1/edid", IMAGE[:50])
+        self.assertIn("zoredid: card0-DP-1: no EDID: 50 bytes, not a multiple of 128\n",
+                      run("list", "--sysfs", self.folder)[2])
         self.assertRegex(run("report", "card1-DP-1", "--sysfs", self.folder)[2],
                          r"^zoredid: card1-DP-1: connector card1-DP-1 \(disconnected\): .*" + reason)
 

@@ -236,6 +236,8 @@ class Wishes(unittest.TestCase):
             for name, image in images.items():
                 with self.subTest(mode, of=name):
                     self.assertEqual(megahertz, int.from_bytes(image[54:56], "little") / 100)
+        for name in "720x480i@60", "1440x480i@60,cta":  # each pixel is sent twice
+            self.assertIn("x480i@60: VIC 6\n", make("--mode=1280x720@60", "--mode=" + name)[2])
         self.assertIn("1920x1080@60.02: at 60.00 Hz, VIC 16", make("--mode=1280x720@60", "--mode=1920x1080@60.02")[2])
 
     def test_refusals(self):

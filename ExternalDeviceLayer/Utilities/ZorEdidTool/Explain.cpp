@@ -221,7 +221,7 @@ bool HasText(const std::string& sText, const std::string& sPart)
 bool HasWords(const std::string& sText, const std::string& sPart)
 {
     const auto fnInWord = [&sText](size_t i) {
-        return i < sText.size() && isalnum(static_cast<unsigned char>(sText[i]));
+        return i < sText.size() && isalnum(static_cast<unsigned char>(sText[i])) != 0;
     };
     for (size_t i = sText.find(sPart); i != std::string::npos; i = sText.find(sPart, i + 1))
     {

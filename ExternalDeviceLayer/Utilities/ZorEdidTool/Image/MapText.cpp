@@ -111,7 +111,7 @@ std::vector<std::string> ListIdTexts()
 // A number behind a code, or behind a name that ends in one, such as the aspect ratio of a mode, has a mark.
 std::string GetFieldName(const CZorEdidMap::SField& oField)
 {
-    const std::string sName = oField.m_pszName;
+    std::string sName = oField.m_pszName;
     if (oField.m_uiIndex == CZorEdidMap::msc_uiNone)
     {
         return sName;

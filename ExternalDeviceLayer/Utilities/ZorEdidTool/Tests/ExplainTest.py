@@ -159,7 +159,8 @@ class ExplainTest(ToolTest):
                           "(standard 3)"])
 
     def test_every_word_of_a_line_finds_it(self):
-        """Of places, bytes and blocks as well; of all lines of images that differ in them."""
+        """Of places, bytes and blocks as well; every eighth word, as each is a process, of images that differ in them."""
+        step = 8
         images = {name: IMAGES[name] for name in ("the example", "DisplayID and unknown blocks")}
         for name in ("ed_acer-xv273k-dp1-tile0.bin",) if CORPUS else ():
             with open(os.path.join(CORPUS, name), "rb") as file:
@@ -174,8 +175,9 @@ class ExplainTest(ToolTest):
                     place = block + " " + line[:14].strip()
                 for word in line.split() + ([place] if line.startswith("block ") else []):
                     places.setdefault(word, set()).add(re.sub(" +", " ", place))
-            for word, expected in places.items():
-                found = [re.sub(" +", " ", line) + " " for line in run("explain", "--find=" + word, path, status=0)[0].splitlines()]
+            for word, expected in sorted(places.items())[::step]:
+                lines = run("explain", "--find=" + word, path, status=0)[0].splitlines()
+                found = [re.sub(" +", " ", line) + " " for line in lines]
                 missing = [place for place in expected if not any(line.startswith(place + " ") for line in found)]
                 self.assertEqual([], missing, (name, word))
         self.assertEqual([line.split()[2] for line in self.lines("--find", "00 21 times")], ["6a-7e"])

@@ -7,12 +7,12 @@
 
 #include "CommandLine.h"
 #include "Connectors.h"
+#include "FactWords.h"
 #include "LoadedImage.h"
 #include "ManyFiles.h"
 #include "Standards/BaseBlock.h"
 #include "TextFormat.h"
 #include "Tool.h"
-#include "ZorEdidFacts.h"
 #include "ZorEdidUtils.h"
 
 namespace
@@ -67,9 +67,8 @@ CRow MakeRow(const SConnector& oConnector, STool& oTool)
     {
         oEdid.GetMonitorID(szMonitor, sizeof(szMonitor));
     }
-    CMString sMaker;
-    CZorEdidFacts::FindMakerName(ZorStandards::BaseBlock::ReadManufacturerCode(oEdid.GetBaseBlock()).m_szCode, sMaker);
-    asRow.insert(asRow.end(), { szMonitor, std::string(sMaker), GetSize(oEdid), GetPreferredMode(oEdid) });
+    const std::string& sMaker = NameMaker(ZorStandards::BaseBlock::ReadManufacturerCode(oEdid.GetBaseBlock()).m_szCode);
+    asRow.insert(asRow.end(), { szMonitor, sMaker, GetSize(oEdid), GetPreferredMode(oEdid) });
     return asRow;
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <vector>
 
 #include "AudioNumbers.h"
@@ -155,6 +156,18 @@ std::string DescribeFormat(const CFacts::SAudioFormat& oFormat)
 }
 } // namespace
 
+const std::string& NameMaker(const std::string& sLetters)
+{
+    thread_local std::map<std::string, std::string> s_oNames; // letters are three: a bounded number of names
+    const auto [itName, bNew] = s_oNames.try_emplace(sLetters);
+    CMString sName;
+    if (bNew && CFacts::FindMakerName(sLetters.c_str(), sName) != 0)
+    {
+        itName->second = sName;
+    }
+    return itName->second;
+}
+
 std::string DescribeMaker(const CZorEdidFacts::SIdentity& oIdentity)
 {
     if (!oIdentity.m_oMaker.IsSaid())
@@ -162,8 +175,8 @@ std::string DescribeMaker(const CZorEdidFacts::SIdentity& oIdentity)
         return "";
     }
     const std::string sLetters = oIdentity.m_oMaker.m_oValue.m_szLetters;
-    CMString sName;
-    return CFacts::FindMakerName(sLetters.c_str(), sName) == 0 ? sLetters : std::string(sName) + " (" + sLetters + ")";
+    const std::string& sName = NameMaker(sLetters);
+    return sName.empty() ? sLetters : sName + " (" + sLetters + ")";
 }
 
 std::string DescribeName(const CZorEdidFacts::SIdentity& oIdentity)

@@ -7,7 +7,9 @@
 
 #include "ZorEdidFacts.h"
 
-// "Dell Inc. (DEL)", by CZorEdidFacts::FindMakerName.
+// "Dell Inc.": CZorEdidFacts::FindMakerName, which each thread asks once for each maker; empty without a name.
+const std::string& NameMaker(const std::string& sLetters);
+// "Dell Inc. (DEL)"
 std::string DescribeMaker(const CZorEdidFacts::SIdentity& oIdentity);
 // The name of the product, else the first other text, else its code.
 std::string DescribeName(const CZorEdidFacts::SIdentity& oIdentity);

@@ -10,6 +10,7 @@
 #include "CutBase.h"
 #include "ExactTimings.h"
 #include "FactList.h"
+#include "FactWords.h"
 #include "MapText.h"
 #include "SpeakerNames.h"
 #include "Standards/AudioBlocks.h"
@@ -125,8 +126,8 @@ void AddIdentity(const CEdid& oEdid, CJsonWriter& oJson)
     const unsigned char* pui8Base = oEdid.GetBaseBlock();
     const SManufacturerCode oMaker = ReadManufacturerCode(pui8Base);
     oJson.Member("manufacturer", oMaker.m_szCode);
-    CMString sName;
-    if (CZorEdidFacts::FindMakerName(oMaker.m_szCode, sName) != 0)
+    const std::string& sName = NameMaker(oMaker.m_szCode);
+    if (!sName.empty())
     {
         oJson.Member("manufacturer_name", sName);
     }

@@ -5,6 +5,7 @@
 #include <string.h>
 
 #include "EdidUtils.h"
+#include "MapGroupName.h"
 #include "MapWrite.h"
 #include "MapWriter.h"
 #include "Standards/BaseBlock.h"
@@ -446,15 +447,6 @@ private:
     SBytes m_oRoom;
     bool m_bFacts; // those of the image differ
 };
-
-// With the structure around it: a place of a map or mask has no name of its own.
-CMString NameInGroup(const SMapContent& oMap, unsigned int uiField)
-{
-    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    const bool bNamed = oField.m_uiGroup != gsc_uiNone && oMap.GetField(oField.m_uiGroup).m_uiDepth != 0;
-    return bNamed ? CMString(oMap.GetField(oField.m_uiGroup).m_pszName) + " > " + oField.m_pszName
-                  : CMString(oField.m_pszName);
-}
 
 // Empty, or why the draft must not count.
 CMString CheckDraft(const SMapContent& oBefore, const SMapContent& oAfter, unsigned int uiField, const SDraft& oDraft)

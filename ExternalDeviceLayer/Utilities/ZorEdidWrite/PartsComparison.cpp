@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "MapGroupName.h"
+
 namespace ZorWrite
 {
 namespace
@@ -41,15 +43,6 @@ bool IsUnusedMapPlace(const CZorEdidMap& oMap, const CZorEdidMap::SField& oField
     return uiGroup != CZorEdidMap::msc_uiNone && oMap.GetField(uiGroup).m_eId == eZorEdidField_Cta420Map &&
            (oField.m_eKind == CZorEdidMap::eKind_Reserved || oField.m_eKind == CZorEdidMap::eKind_Flag) &&
            oField.m_llNumber == 0;
-}
-
-// With the structure around it: a place of a map or mask has no name of its own.
-CMString NameInGroup(const CZorEdidMap& oMap, unsigned int uiField)
-{
-    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    const bool bNamed = oField.m_uiGroup != CZorEdidMap::msc_uiNone && oMap.GetField(oField.m_uiGroup).m_uiDepth != 0;
-    return bNamed ? CMString(oMap.GetField(oField.m_uiGroup).m_pszName) + " > " + oField.m_pszName
-                  : CMString(oField.m_pszName);
 }
 
 unsigned int GetEnd(const SRange& oRange) { return oRange.m_uiOffset + oRange.m_uiSize; }
@@ -155,8 +148,8 @@ CMString CPartsComparison::Compare(const CFields& auiBefore, const CFields& auiA
         return {};
     }
     return "other parts would read differently, first " + (uiSame < auiBefore.GetCount()
-                                                               ? NameInGroup(m_oBefore, auiBefore[uiSame])
-                                                               : NameInGroup(m_oAfter, auiAfter[uiSame]));
+                                                               ? ZorMap::NameInGroup(m_oBefore, auiBefore[uiSame])
+                                                               : ZorMap::NameInGroup(m_oAfter, auiAfter[uiSame]));
 }
 
 CMString CPartsComparison::FindDifference() const

@@ -1,4 +1,4 @@
-// What a mode against the display range limits is called, and by how much it leaves them. Private to this folder.
+// The words for a mode outside of the display range limits: by which limit and by how much. Private to this folder.
 
 #pragma once
 

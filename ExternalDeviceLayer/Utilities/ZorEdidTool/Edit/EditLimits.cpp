@@ -22,7 +22,7 @@ void Widen(unsigned int& uiLeast, unsigned int& uiMost, unsigned long long ullPa
 bool WriteHeldRates(unsigned char* pui8Limits, const SRatePlaces& oPlaces, unsigned int uiLeast, unsigned int uiMost,
                     bool bOffsets)
 {
-    if (uiLeast == 0 || uiMost > (bOffsets ? 2 * gsc_uiRateOffset : gsc_uiRateOffset))
+    if (uiLeast == 0 || uiMost > GetHighestRate(bOffsets))
     {
         return false;
     }

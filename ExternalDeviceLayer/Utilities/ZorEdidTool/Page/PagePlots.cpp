@@ -43,8 +43,7 @@ std::optional<SRangeLimits> FindLimits(const CFacts& oFacts)
     // Of both axes: a rate that DisplayID declares is never "or more".
     const bool bDescriptor = oLink.m_oVerticalRates.m_eId == eZorEdidField_BaseRangeMinVerticalRate &&
                              oLink.m_oHorizontalRates.m_eId == eZorEdidField_BaseRangeMinHorizontalRate;
-    const bool bOffsets = oFacts.GetIdentity().m_oRevision.m_oValue >= BaseBlock::gsc_uiVideoInputRevision;
-    const unsigned int uiHighest = (bOffsets ? 2 : 1) * Descriptors::gsc_uiRateOffset; // that a descriptor can hold
+    const bool bOffsets = Descriptors::HasRateOffsets(oFacts.GetIdentity().m_oRevision.m_oValue);
     const unsigned int uiClock = oLink.m_oMaxPixelClock.m_oValue;
     return SRangeLimits{ oRates.m_uiLeast,
                          oRates.m_uiMost,
@@ -52,7 +51,7 @@ std::optional<SRangeLimits> FindLimits(const CFacts& oFacts)
                          oLineRates.m_uiMost,
                          uiClock,
                          uiClock,
-                         bDescriptor ? uiHighest : UINT_MAX };
+                         bDescriptor ? Descriptors::GetHighestRate(bOffsets) : UINT_MAX };
 }
 
 // Whose they are where several places declare limits. Findings and edits go by those of the base block.

@@ -248,11 +248,19 @@ constexpr bool IsFieldRateBeyond(const SRangeLimits& oLimits, unsigned long long
                         uiMost == oLimits.m_uiHighestRate ? 0 : uiMost);
 }
 
-// The limits with their offsets. uiRevision: of the base block; before 4 byte 4 is reserved.
-constexpr SRangeLimits ReadRangeLimits(const unsigned char* pui8Descriptor, unsigned int uiRevision)
+// Whether rates have offsets, by the revision of the base block: before 4 byte 4 is reserved.
+constexpr bool HasRateOffsets(unsigned int uiRevision)
 {
     constexpr unsigned int uiOffsetsRevision = 4;
-    const bool bOffsets = uiRevision >= uiOffsetsRevision;
+    return uiRevision >= uiOffsetsRevision;
+}
+// The highest rate that the bytes can hold.
+constexpr unsigned int GetHighestRate(bool bOffsets) { return bOffsets ? 2 * gsc_uiRateOffset : gsc_uiRateOffset; }
+
+// The limits with their offsets. uiRevision: of the base block.
+constexpr SRangeLimits ReadRangeLimits(const unsigned char* pui8Descriptor, unsigned int uiRevision)
+{
+    const bool bOffsets = HasRateOffsets(uiRevision);
     const unsigned int uiVertical = bOffsets ? gsc_oVerticalOffsets.Read(pui8Descriptor) : 0;
     const unsigned int uiHorizontal = bOffsets ? gsc_oHorizontalOffsets.Read(pui8Descriptor) : 0;
     const unsigned int uiClock = gsc_oMaxPixelClock.Read(pui8Descriptor) * gsc_uiKiloHzPer10MegaHz;
@@ -266,6 +274,6 @@ constexpr SRangeLimits ReadRangeLimits(const unsigned char* pui8Descriptor, unsi
              fnRate(gsc_oMaxHorizontalRate, IsMaximumOffset(uiHorizontal)),
              uiClock,
              uiClock - (bPrecise ? gsc_oClockPrecision.Read(pui8Descriptor) * gsc_uiKiloHzPerPrecision : 0),
-             bOffsets ? 2 * gsc_uiRateOffset : gsc_uiRateOffset };
+             GetHighestRate(bOffsets) };
 }
 } // namespace ZorStandards::Descriptors

@@ -57,7 +57,7 @@ CMString NameMode(const SZorWishedMode& oMode)
         return sName + "?";
     }
     const double dRate = static_cast<double>(oRate.m_ullDividend) / static_cast<double>(oRate.m_ullDivisor);
-    sName.AppendFormat(oRate.m_ullDividend % oRate.m_ullDivisor == 0 ? "%.0f" : "%.2f", dRate);
+    sName.AppendFormat(IsFraction(oRate) ? "%.2f" : "%.0f", dRate);
     return sName;
 }
 
@@ -129,11 +129,8 @@ bool SPlannedMode::Allows420() const
 
 bool SPlannedMode::IsWishedFraction() const
 {
-    const auto fnIsFraction = [](const SZorMode::SRate& oRate) {
-        return oRate.m_ullDivisor != 0 && oRate.m_ullDividend % oRate.m_ullDivisor != 0;
-    };
-    return fnIsFraction(m_oWished) &&
-           (IsSameRate(m_oWished, m_oTiming.m_oRate) || (m_uiCode != 0 && fnIsFraction(m_oTiming.m_oRate)));
+    return IsFraction(m_oWished) &&
+           (IsSameRate(m_oWished, m_oTiming.m_oRate) || (m_uiCode != 0 && IsFraction(m_oTiming.m_oRate)));
 }
 
 bool CMakerPlan::IsPreferredByDisplayIdAlone() const

@@ -23,7 +23,7 @@ struct SPlannedMode
     bool m_bFallback = false;
 
     bool Allows420() const;        // HDMI has it in YCbCr 4:2:0
-    bool IsWishedFraction() const; // it is wished, or the code nearest to a wish has it: no whole rate
+    bool IsWishedFraction() const; // its rate is no whole one: that of the wish, or of the code nearest to it
 };
 
 } // namespace ZorWrite

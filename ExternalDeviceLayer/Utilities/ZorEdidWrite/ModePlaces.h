@@ -9,6 +9,12 @@ namespace ZorWrite
 // To two decimals, as rates are named.
 bool IsSameRate(const SZorMode::SRate& oFirst, const SZorMode::SRate& oSecond);
 
+// A rate in Hz that is given and is not a whole number.
+constexpr bool IsFraction(const SZorMode::SRate& oRate)
+{
+    return oRate.m_ullDivisor != 0 && oRate.m_ullDividend % oRate.m_ullDivisor != 0;
+}
+
 // The same numbers, but for the clock, which may differ by uiMostClockInHz.
 bool IsSameTiming(const SZorMode& oFirst, const SZorMode& oSecond, unsigned int uiMostClockInHz = 0);
 

@@ -9,6 +9,13 @@
 
 namespace ZorWrite
 {
+// A mode whose pixels are sent twice has two names: 720x480i, and 1440x480i by what is sent.
+inline bool IsSamePicture(const SZorMode& oMode, const SZorMode& oWanted)
+{
+    return (oMode.m_uiWidth == oWanted.m_uiWidth || oMode.m_uiWidth * oMode.m_uiRepetition == oWanted.m_uiWidth) &&
+           oMode.m_uiHeight == oWanted.m_uiHeight && oMode.m_bInterlaced == oWanted.m_bInterlaced;
+}
+
 // By its clock or by its name: 60 Hz of 640 x 480 at 59.94.
 inline bool IsWantedRate(const SZorMode& oMode, const SZorMode& oWanted)
 {

@@ -12,16 +12,9 @@ namespace
 {
 using namespace ZorStandards;
 
-// A mode whose pixels are sent twice has two names: 720x480i, and 1440x480i by what is sent.
-bool IsSamePicture(const SZorMode& oMode, const SZorMode& oWanted)
-{
-    return (oMode.m_uiWidth == oWanted.m_uiWidth || oMode.m_uiWidth * oMode.m_uiRepetition == oWanted.m_uiWidth) &&
-           oMode.m_uiHeight == oWanted.m_uiHeight && oMode.m_bInterlaced == oWanted.m_bInterlaced;
-}
-
 bool IsWanted(const SZorMode& oMode, const SZorMode& oWanted)
 {
-    return IsSamePicture(oMode, oWanted) && ZorWrite::IsWantedRate(oMode, oWanted);
+    return ZorWrite::IsSamePicture(oMode, oWanted) && ZorWrite::IsWantedRate(oMode, oWanted);
 }
 
 bool FindCode(const SZorMode& oWanted, bool bRepeated, SZorMode& oTiming)
@@ -115,7 +108,7 @@ public:
 
     bool operator()(const SZorMode& oMode)
     {
-        if (IsSamePicture(oMode, m_oWanted) && (oMode.m_uiRepetition <= 1 || m_bRepeated))
+        if (ZorWrite::IsSamePicture(oMode, m_oWanted) && (oMode.m_uiRepetition <= 1 || m_bRepeated))
         {
             const SDistance oDistance = ZorWrite::IsWantedRate(oMode, m_oWanted)
                                             ? SDistance{ 0, 1 }
@@ -154,8 +147,7 @@ bool ComputeNearest(const SZorMode& oWanted, SZorMode& oTiming)
     const SZorMode::SRate& oRate = oWanted.m_oNominalRate;
     SZorMode oWhole = oWanted;
     oWhole.m_oNominalRate = { oRate.m_ullDividend / oRate.m_ullDivisor + 1, 1 };
-    const bool bNearer = oRate.m_ullDividend % oRate.m_ullDivisor != 0 &&
-                         Compute(oWhole, SZorMode::eBlanking_Reduced1, oWhole) &&
+    const bool bNearer = ZorWrite::IsFraction(oRate) && Compute(oWhole, SZorMode::eBlanking_Reduced1, oWhole) &&
                          MeasureDistance(oWhole.m_oRate, oRate) < MeasureDistance(oTiming.m_oRate, oRate);
     oTiming = bNearer ? oWhole : oTiming;
     return true;

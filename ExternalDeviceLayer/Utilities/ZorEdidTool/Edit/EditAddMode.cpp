@@ -14,6 +14,7 @@
 #include "FieldEdits.h"
 #include "ModePlaces.h"
 #include "NearWord.h"
+#include "TableTimings.h"
 #include "TextFormat.h"
 #include "ZorEdidTimings.h"
 
@@ -132,9 +133,8 @@ bool IsThere(const SZorMode& oMode, const SZorImageMode& oPresent)
 bool IsRateOf(const SZorMode& oWished, const SZorMode& oPresent)
 {
     const SZorMode::SRate& oRate = oWished.m_oNominalRate;
-    return oRate.m_ullDivisor != 0 && oRate.m_ullDividend % oRate.m_ullDivisor != 0 &&
-           oWished.m_uiWidth == oPresent.m_uiWidth && oWished.m_uiHeight == oPresent.m_uiHeight &&
-           oWished.m_bInterlaced == oPresent.m_bInterlaced && ZorWrite::IsSameRate(oRate, oPresent.m_oRate);
+    return ZorWrite::IsFraction(oRate) && ZorWrite::IsSamePicture(oPresent, oWished) &&
+           ZorWrite::IsSameRate(oRate, oPresent.m_oRate);
 }
 
 // A record or a code that announces the timing, preferred or in DisplayID where that was asked. Null for none.

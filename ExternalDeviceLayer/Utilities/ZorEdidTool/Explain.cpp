@@ -162,12 +162,8 @@ bool AreCounted(const CZorEdidMap& oMap, const CFieldBytes& aoBytes)
            });
 }
 
-std::string GetBytes(const CZorEdidMap& oMap, const CFieldBytes& aoBytes, size_t uiFirst, size_t uiCount)
+std::string ListBytes(const CZorEdidMap& oMap, const CFieldBytes& aoBytes, size_t uiFirst, size_t uiCount)
 {
-    if (AreCounted(oMap, aoBytes))
-    {
-        return FormatHex(oMap.GetData() + aoBytes[0].m_uiOffset, 1) + " " + std::to_string(aoBytes.size()) + " times";
-    }
     std::string sBytes;
     for (size_t i = uiFirst; i < std::min(aoBytes.size(), uiFirst + uiCount); ++i)
     {
@@ -175,6 +171,14 @@ std::string GetBytes(const CZorEdidMap& oMap, const CFieldBytes& aoBytes, size_t
         sBytes += ' ';
     }
     return sBytes;
+}
+
+// As many as a first line may have.
+std::string GetBytes(const CZorEdidMap& oMap, const CFieldBytes& aoBytes, size_t uiCount)
+{
+    return AreCounted(oMap, aoBytes)
+               ? FormatHex(oMap.GetData() + aoBytes[0].m_uiOffset, 1) + " " + std::to_string(aoBytes.size()) + " times"
+               : ListBytes(oMap, aoBytes, 0, uiCount);
 }
 
 // ---- What is asked for ----
@@ -268,7 +272,7 @@ bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& s
     {
         const CFieldBytes aoBytes = GetFieldBytes(oMap, uiField);
         bFound = HasWords(GetPlace(oMap, uiField, aoBytes), sPart) ||
-                 HasWords(GetBytes(oMap, aoBytes, 0, aoBytes.size()), sPart);
+                 HasWords(GetBytes(oMap, aoBytes, aoBytes.size()), sPart);
     }
     for (unsigned int i = 0; i < oField.m_uiTimings + oField.m_uiOthers; ++i)
     {
@@ -400,7 +404,7 @@ private:
         const CZorEdidMap::SField& oField = m_oMap.GetField(uiField);
         const char* pszColour = gsc_apszAreaColours[oField.m_eArea];
         const CFieldBytes aoBytes = GetFieldBytes(m_oMap, uiField);
-        std::string sBytes = GetBytes(m_oMap, aoBytes, 0, gsc_uiBytesOfLine);
+        std::string sBytes = GetBytes(m_oMap, aoBytes, gsc_uiBytesOfLine);
         Pad(sBytes, gsc_uiBytesWidth);
         std::string sLine = sHead;
         sLine += GetPlace(m_oMap, uiField, aoBytes);
@@ -414,10 +418,11 @@ private:
             return sPainted;
         });
         AddLine(sLine);
-        for (size_t i = gsc_uiBytesOfLine; i < aoBytes.size() && !AreCounted(m_oMap, aoBytes); i += gsc_uiBytesOfLine)
+        const size_t uiListed = AreCounted(m_oMap, aoBytes) ? 0 : aoBytes.size();
+        for (size_t i = gsc_uiBytesOfLine; i < uiListed; i += gsc_uiBytesOfLine)
         {
             sLine.assign(uiPlaceWidth, ' ');
-            AppendPainted(sLine, pszColour, GetBytes(m_oMap, aoBytes, i, gsc_uiBytesOfLine));
+            AppendPainted(sLine, pszColour, ListBytes(m_oMap, aoBytes, i, gsc_uiBytesOfLine));
             AddLine(sLine);
         }
     }

@@ -235,14 +235,14 @@ std::string CEditImage::SetColorDepth(unsigned int uiDepth)
     {
         return "only a digital input of EDID 1.4 or later has a colour depth";
     }
-    SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
-    oEdits.m_bColorDepth = true;
-    oEdits.m_uiColorDepth = uiDepth;
+    m_aoBlocks.front().m_oEdits.m_oValues[eZorEdidField_BaseDisplayColorBitDepth] = uiDepth;
     return "";
 }
 
 std::string CEditImage::SetDeepColor(unsigned int uiBits)
 {
+    constexpr EZorEdidField aeFlags[] = { eZorEdidField_CtaHdmiDc30bit, eZorEdidField_CtaHdmiDc36bit,
+                                          eZorEdidField_CtaHdmiDc48bit };
     bool bFound = false;
     for (SEditedBlock& oBlock : m_aoBlocks)
     {
@@ -258,8 +258,10 @@ std::string CEditImage::SetDeepColor(unsigned int uiBits)
         {
             return sReason;
         }
-        oBlock.m_oEdits.m_bDeepColor = true;
-        oBlock.m_oEdits.m_uiDeepColor = uiBits;
+        for (unsigned int i = 0; i < std::size(aeFlags); ++i)
+        {
+            oBlock.m_oEdits.m_oValues[aeFlags[i]] = uiBits >> i & 1U;
+        }
         bFound = true;
     }
     return bFound ? "" : "the image has no HDMI data block with deep colour flags";
@@ -299,8 +301,7 @@ std::string CEditImage::ApplyOne(const SEdit& oEdit)
     {
     case eEdit_Serial:
         m_oEdid.SetSerialNumber(oEdit.m_uiNumber);
-        m_aoBlocks.front().m_oEdits.m_bSerial = true;
-        m_aoBlocks.front().m_oEdits.m_uiSerial = oEdit.m_uiNumber;
+        m_aoBlocks.front().m_oEdits.m_oValues[eZorEdidField_BaseIdentitySerialNumber] = oEdit.m_uiNumber;
         return "";
     case eEdit_Remove:
     case eEdit_RemoveCode:

@@ -19,23 +19,23 @@
 #include "EditPlan.h"
 #include "Standards/Descriptors.h"
 
+// Bits of a byte that an edit has changed.
+struct SBits
+{
+    unsigned int m_uiMask;
+    unsigned int m_uiBits;
+};
+
 // What edits have changed in one block, for the verification. Numbers are the block's own, in the image as it was read.
 struct SBlockEdits
 {
     bool m_bChecksum = false; // repaired
     // Any block.
-    bool m_bNativeCleared =
-        false;            // the base block's bit, or a CTA-861 block's count, that called the preferred timing so
+    std::map<EZorEdidField, unsigned int> m_oValues; // of fields that the block has once, the lowest bits first
     CNumbers m_oDetailed; // removed; those after another descriptor count on after the listed ones
     // The base block.
-    CNumbers m_oStandard; // removed
-    CNumbers m_oUnused;   // offsets of pairs in display descriptors that have become unused ones
-    std::map<unsigned int, unsigned int> m_oCleared; // bits of other modes there, by the offsets of their bytes
-    unsigned int m_uiEstablished = 0;                // bits removed, CEdidBase::EEstablishedTiming
-    bool m_bSerial = false;
-    unsigned int m_uiSerial = 0;
-    bool m_bColorDepth = false;
-    unsigned int m_uiColorDepth = 0;
+    CNumbers m_oStandard;                  // removed
+    std::map<unsigned int, SBits> m_oBits; // of established timings, and of modes in display descriptors; by offset
     bool m_bPreferred = false;
     CVidParamTimingGeneric m_oPreferred;
     bool m_bStereoCleared = false; // of the preferred timing; else it stays
@@ -43,8 +43,6 @@ struct SBlockEdits
     ZorStandards::Descriptors::SRangeLimits m_oLimits = {}; // what the first range limits then are
     // CTA-861 blocks.
     CNumbers m_oCodes; // offsets of the removed ones
-    bool m_bDeepColor = false;
-    unsigned int m_uiDeepColor = 0;
     CNumbers m_oAudioRemoved;
     std::map<unsigned int, CAudio> m_oAudioSet;
     std::vector<CAudio> m_aoAudioAdded;
@@ -57,9 +55,8 @@ struct SBlockEdits
     // Whether anything but the checksum is named.
     bool IsNamed() const
     {
-        return !m_oStandard.empty() || !m_oUnused.empty() || !m_oCleared.empty() || !m_oCodes.empty() ||
-               !m_oDetailed.empty() || m_uiEstablished != 0 || m_bSerial || m_bColorDepth || m_bPreferred ||
-               m_bDeepColor || IsAudioNamed() || m_bSpeakers;
+        return !m_oValues.empty() || !m_oDetailed.empty() || !m_oStandard.empty() || !m_oBits.empty() || m_bPreferred ||
+               !m_oCodes.empty() || IsAudioNamed() || m_bSpeakers;
     }
 };
 

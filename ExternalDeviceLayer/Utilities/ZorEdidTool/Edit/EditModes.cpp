@@ -460,7 +460,11 @@ std::string CEditImage::RemoveEstablished(unsigned int uiNumber)
                    : "the image has established timings 0 to " + std::to_string(m_auiEstablished.size() - 1);
     }
     m_oEdid.SetEstablishedFromId(static_cast<CEdidBase::EEstablishedTiming>(m_auiEstablished[uiNumber]), 0, 1);
-    m_aoBlocks.front().m_oEdits.m_uiEstablished |= m_auiEstablished[uiNumber];
+    for (unsigned int i = 0; i < 3; ++i)
+    {
+        const unsigned int uiRemoved = m_auiEstablished[uiNumber] >> (8 * i) & 0xFFU;
+        m_aoBlocks.front().m_oEdits.m_oBits[ZorStandards::BaseBlock::gsc_uiEstablishedOffset + i].m_uiMask |= uiRemoved;
+    }
     return "";
 }
 
@@ -471,7 +475,6 @@ std::string CEditImage::RemoveFromDescriptors(const CPlaces& aoPlaces)
 {
     const unsigned char* pui8Base = m_oEdid.GetBaseBlock();
     CBytes aui8Base(pui8Base, pui8Base + gsc_uiBlockSize);
-    SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
     unsigned int uiDone = 0; // the rates of a CVT code go together
     for (const SZorImageMode& oPlace : aoPlaces)
     {
@@ -483,7 +486,6 @@ std::string CEditImage::RemoveFromDescriptors(const CPlaces& aoPlaces)
         if (oPlace.m_eField == eZorEdidField_BaseStandard)
         {
             pui8Field[0] = pui8Field[1] = ZorStandards::gsc_uiUnusedStandard;
-            oEdits.m_oUnused.insert(oPlace.m_uiOffset);
         }
         else if (oPlace.m_eField == eZorEdidField_BaseEstablished3Mode)
         {
@@ -498,10 +500,12 @@ std::string CEditImage::RemoveFromDescriptors(const CPlaces& aoPlaces)
     }
     for (unsigned int i = 0; i < gsc_uiBlockSize; ++i)
     {
-        const unsigned int uiCleared = pui8Base[i] & ~aui8Base[i];
-        if (uiCleared != 0 && !oEdits.m_oUnused.contains(i) && !oEdits.m_oUnused.contains(i - 1))
+        const unsigned int uiChanged = static_cast<unsigned int>(pui8Base[i] ^ aui8Base[i]);
+        if (uiChanged != 0)
         {
-            oEdits.m_oCleared[i] |= uiCleared;
+            SBits& oBits = m_aoBlocks.front().m_oEdits.m_oBits[i];
+            oBits.m_uiMask |= uiChanged;
+            oBits.m_uiBits = aui8Base[i] & oBits.m_uiMask;
         }
     }
     if (!std::equal(aui8Base.begin(), aui8Base.end(), pui8Base)) // else a wrong checksum stays

@@ -141,7 +141,7 @@ std::string CEditImage::ReplacePreferred(const CVidParamTimingGeneric& oTiming)
     if (bNativeGoes)
     {
         gsc_oPreferredIsNative.Write(aui8Base.data(), 0);
-        m_aoBlocks.front().m_oEdits.m_bNativeCleared = true;
+        m_aoBlocks.front().m_oEdits.m_oValues[eZorEdidField_BaseDisplayPreferredIsNative] = 0;
     }
     SetBase(aui8Base);
     CVidParamTimingGeneric oRead;
@@ -178,7 +178,7 @@ bool CEditImage::ClearNativeCounts()
             poCea != nullptr ? ZorStandards::Cta::gsc_oNativeCount.Read(poCea->GetData()) : 0;
         if (uiNatives == 1 && poCea->SetNativeDetailedCount(0) != 0) // revision 1 has no such number
         {
-            oBlock.m_oEdits.m_bNativeCleared = true;
+            oBlock.m_oEdits.m_oValues[eZorEdidField_CtaNativeCount] = 0;
             bCleared = true;
         }
         else if (uiNatives > 1 && poCea->SetNativeDetailedCount(uiNatives) != 0)

@@ -4,8 +4,10 @@
 #include "EditVerify.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "EdidUtils.h"
+#include "EditLimits.h"
 #include "MapDiff.h"
 #include "MapText.h"
 #include "Standards/BaseBlock.h"
@@ -105,21 +107,22 @@ private:
         std::copy(aui8Bytes.begin(), aui8Bytes.end(), m_aui8Expected.begin() + static_cast<std::ptrdiff_t>(uiOffset));
     }
 
+    // The field's bits from the lowest one on.
+    void PutValue(unsigned int uiField, unsigned int uiValue)
+    {
+        for (const SFieldByte& oByte : GetFieldBytes(m_oRead.m_oMap, uiField))
+        {
+            Put(oByte.m_uiOffset, oByte.m_uiMask, uiValue << std::countr_zero(oByte.m_uiMask));
+            uiValue >>= std::popcount(oByte.m_uiMask);
+        }
+    }
+
     void Expect(size_t uiBlock)
     {
-        constexpr unsigned int uiNativeMask = 0x02; // of byte 18h
         const SBlockEdits& oEdits = m_aoBlocks[uiBlock].m_oEdits;
-        for (unsigned int i = 0; uiBlock == 0 && i < 3; ++i)
+        for (const auto& [uiOffset, oBits] : oEdits.m_oBits)
         {
-            Put(ZorStandards::BaseBlock::gsc_uiEstablishedOffset + i, oEdits.m_uiEstablished >> (8 * i), 0);
-        }
-        for (const auto& [uiOffset, uiBits] : oEdits.m_oCleared)
-        {
-            Put(uiOffset, uiBits, 0);
-        }
-        for (const unsigned int uiOffset : oEdits.m_oUnused)
-        {
-            Put(uiOffset, { 1, 1 });
+            Put(uiOffset, oBits.m_uiMask, oBits.m_uiBits);
         }
         // Basic audio is set by an addition and cleared with the last descriptor or data block.
         const std::vector<unsigned int> auiEdited = m_oEdited.ListBlock(uiBlock);
@@ -154,7 +157,7 @@ private:
             else if (uiBlock == 0 && m_oRead.Is(i, eZorEdidField_BaseRange) && oEdits.m_bLimits && !bLimits)
             {
                 bLimits = true;
-                ExpectLimits(oField.m_uiOffset, oEdits.m_oLimits);
+                ExpectLimits(oField, oEdits.m_oLimits);
             }
             else if (m_oRead.Is(i, eZorEdidField_CtaAudioDescriptor))
             {
@@ -169,21 +172,20 @@ private:
                 Put(oField.m_uiOffset + 1, uiSpeakers == 0 ? 0xFF : 0, oEdits.m_uiSpeakers);
                 Put(oField.m_uiOffset + 2, uiSpeakers++ == 0 ? 0x07 : 0, oEdits.m_uiSpeakers >> 8);
             }
-            const auto fnSet = [&](EZorEdidField eId, bool bNamed, unsigned int uiMask, unsigned int uiBits) {
-                for (unsigned int j = 0; j < oField.m_uiLength && bNamed && m_oRead.Is(i, eId); ++j)
-                {
-                    Put(oField.m_uiOffset + j, uiMask, uiBits >> (8 * j));
-                }
-            };
             const unsigned int uiRead = static_cast<unsigned int>(oField.m_llNumber);
-            fnSet(eZorEdidField_BaseIdentitySerialNumber, oEdits.m_bSerial, 0xFF, oEdits.m_uiSerial);
-            fnSet(eZorEdidField_BaseDisplayColorBitDepth, oEdits.m_bColorDepth, 0x70, oEdits.m_uiColorDepth << 4);
-            fnSet(eZorEdidField_BaseDisplayPreferredIsNative, oEdits.m_bNativeCleared, uiNativeMask, 0);
-            fnSet(eZorEdidField_CtaHdmiDc30bit, oEdits.m_bDeepColor, 0x70, oEdits.m_uiDeepColor << 4);
-            fnSet(eZorEdidField_CtaNativeCount, IsCea(m_aoBlocks[uiBlock]), 0x0F,
-                  oEdits.m_bNativeCleared ? 0 : uiRead - CountRemoved(uiRead));
-            fnSet(eZorEdidField_CtaBasicAudio, oEdits.IsAudioNamed() || oEdits.m_bSpeakers, 0x40,
-                  bAudio && (uiRead != 0 || bAdded) ? 0x40 : 0);
+            const auto itValue = oEdits.m_oValues.find(oField.m_eId);
+            if (itValue != oEdits.m_oValues.end())
+            {
+                PutValue(i, itValue->second);
+            }
+            else if (m_oRead.Is(i, eZorEdidField_CtaNativeCount) && IsCea(m_aoBlocks[uiBlock]))
+            {
+                PutValue(i, uiRead - CountRemoved(uiRead));
+            }
+            else if (m_oRead.Is(i, eZorEdidField_CtaBasicAudio) && (oEdits.IsAudioNamed() || oEdits.m_bSpeakers))
+            {
+                PutValue(i, bAudio && (uiRead != 0 || bAdded) ? 1 : 0);
+            }
             if (bGone)
             {
                 m_oGone.insert({ oField.m_uiOffset, oField.m_uiDepth });
@@ -236,35 +238,16 @@ private:
         return oField.m_uiOffset >= uiBlock + m_aui8Expected[uiBlock + ZorStandards::Cta::gsc_uiDetailedStartOffset];
     }
 
-    // Of the read limits what differs: bytes 5 to 8 the rates, over 255 by the flags of byte 4, then the clock, whose
-    // precision is in byte 12 when byte 10 says CVT.
-    void ExpectLimits(size_t uiOffset, const ZorStandards::Descriptors::SRangeLimits& oLimits)
+    // Written in the only way that changes nothing else; what is written must say what is wanted.
+    void ExpectLimits(const CField& oField, const SLimits& oLimits)
     {
-        const unsigned char* pui8Read = m_aui8Expected.data() + uiOffset;
+        CBytes aui8Limits(m_aui8Expected.begin() + oField.m_uiOffset,
+                          m_aui8Expected.begin() + oField.m_uiOffset + oField.m_uiLength);
         const unsigned int uiRevision = ZorStandards::BaseBlock::ReadRevision(m_aui8Expected.data());
-        const ZorStandards::Descriptors::SRangeLimits oRead =
-            ZorStandards::Descriptors::ReadRangeLimits(pui8Read, uiRevision);
-        const auto fnRates = [&](size_t uiFirst, unsigned int uiShift, unsigned int uiLeast, unsigned int uiMost) {
-            const unsigned int uiFlags = uiLeast > 255 ? 3 : uiMost > 255 ? 2 : 0;
-            Put(uiOffset + 4, uiRevision < 4 ? 0 : 3U << uiShift, uiFlags << uiShift);
-            Put(uiOffset + uiFirst, 0xFF, uiLeast - (uiFlags == 3 ? 255 : 0));
-            Put(uiOffset + uiFirst + 1, 0xFF, uiMost - (uiFlags != 0 ? 255 : 0));
-        };
-        const unsigned int uiPreciseClock = oLimits.m_uiPreciseMaxPixelClockInKiloHz;
-        if (oRead.m_uiPreciseMaxPixelClockInKiloHz != uiPreciseClock)
+        if (WriteLimits(aui8Limits.data(), uiRevision, oLimits) &&
+            ZorStandards::Descriptors::ReadRangeLimits(aui8Limits.data(), uiRevision) == oLimits)
         {
-            Put(uiOffset + 12, uiRevision >= 4 && pui8Read[10] == 4 ? 0xFC : 0, 0);
-            Put(uiOffset + 9, 0xFF, uiPreciseClock / 10000);
-        }
-        if (oRead.m_uiMinVerticalRateInHz != oLimits.m_uiMinVerticalRateInHz ||
-            oRead.m_uiMaxVerticalRateInHz != oLimits.m_uiMaxVerticalRateInHz)
-        {
-            fnRates(5, 0, oLimits.m_uiMinVerticalRateInHz, oLimits.m_uiMaxVerticalRateInHz);
-        }
-        if (oRead.m_uiMinHorizontalRateInKiloHz != oLimits.m_uiMinHorizontalRateInKiloHz ||
-            oRead.m_uiMaxHorizontalRateInKiloHz != oLimits.m_uiMaxHorizontalRateInKiloHz)
-        {
-            fnRates(7, 2, oLimits.m_uiMinHorizontalRateInKiloHz, oLimits.m_uiMaxHorizontalRateInKiloHz);
+            Put(oField.m_uiOffset, aui8Limits);
         }
     }
 
@@ -304,6 +287,14 @@ private:
 
     // ---- What the comparison leaves out ----
 
+    static bool TakeOut(const CBytes& aui8Bytes, std::vector<CBytes>& aaui8From)
+    {
+        const auto itFound = std::ranges::find(aaui8From, aui8Bytes);
+        const bool bFound = itFound != aaui8From.end();
+        aaui8From.erase(itFound, itFound + (bFound ? 1 : 0));
+        return bFound;
+    }
+
     // Empty, or what is missing or wrong there.
     std::string LeaveOut(size_t uiBlock)
     {
@@ -316,18 +307,18 @@ private:
         const bool bNamed = oEdits.IsNamed() || m_oExpected.GetBytes(auiExpected[0]) != aui8Read;
         const bool bSum = oEdits.m_bChecksum || (bNamed && m_oEdited.GetBytes(auiEdited[0]) != aui8Read);
         std::vector<CBytes> aaui8Kept; // audio descriptors and speaker data blocks
-        std::vector<CBytes> aaui8Unused(bPairs ? 8 : 0, CBytes{ 1, 1 });
+        std::vector<CBytes> aaui8Unused = { { 1, 1 } };
         std::vector<CBytes> aaui8Added;
         std::string sFault;
         for (const unsigned int i : auiExpected)
         {
             const CField& oField = m_oExpected.Get(i);
             const bool bUnused = bPairs && IsUnusedPair(m_oExpected, i);
+            aaui8Unused.resize(aaui8Unused.size() + (bUnused ? 1 : 0), m_oExpected.GetBytes(i));
             if (bUnused || m_oGone.contains({ oField.m_uiOffset, oField.m_uiDepth }) ||
                 (bSum && oField.m_eKind == CZorEdidMap::eKind_Checksum))
             {
                 m_oExpected.m_oWithout.insert(i);
-                aaui8Unused.resize(aaui8Unused.size() + (bUnused ? 1 : 0), m_oExpected.GetBytes(i));
             }
             else if (IsEntry(m_oExpected, i))
             {
@@ -346,22 +337,17 @@ private:
         size_t uiKept = 0;
         for (const unsigned int i : auiEdited)
         {
-            const CBytes aui8Bytes = m_oEdited.GetBytes(i);
-            std::vector<CBytes>& aaui8Found = IsEntry(m_oEdited, i) ? aaui8Added : aaui8Unused;
-            const auto itFound = std::find(aaui8Found.begin(), aaui8Found.end(), aui8Bytes);
-            if (IsEntry(m_oEdited, i) && uiKept < aaui8Kept.size() && aaui8Kept[uiKept] == aui8Bytes)
-            {
-                ++uiKept;
-            }
-            else if ((IsEntry(m_oEdited, i) || IsUnusedPair(m_oEdited, i)) && itFound != aaui8Found.end())
-            {
-                aaui8Found.erase(itFound);
-                m_oEdited.m_oWithout.insert(i);
-            }
-            else if (bSum && m_oEdited.Get(i).m_eKind == CZorEdidMap::eKind_Checksum)
+            const bool bSeal = bSum && m_oEdited.Get(i).m_eKind == CZorEdidMap::eKind_Checksum;
+            const bool bKept =
+                IsEntry(m_oEdited, i) && uiKept < aaui8Kept.size() && aaui8Kept[uiKept] == m_oEdited.GetBytes(i);
+            uiKept += bKept ? 1 : 0;
+            sFault = bSeal && m_oEdited.Get(i).m_uiNotes != 0 ? Name(m_oEdited, i) : sFault;
+            if (bSeal ||
+                (bPairs && IsUnusedPair(m_oEdited, i) &&
+                 std::ranges::find(aaui8Unused, m_oEdited.GetBytes(i)) != aaui8Unused.end()) ||
+                (!bKept && IsEntry(m_oEdited, i) && TakeOut(m_oEdited.GetBytes(i), aaui8Added)))
             {
                 m_oEdited.m_oWithout.insert(i);
-                sFault = m_oEdited.Get(i).m_uiNotes != 0 ? Name(m_oEdited, i) : sFault;
             }
         }
         return aaui8Added.empty() ? sFault : Name(m_oExpected, auiExpected.front());

@@ -1,5 +1,6 @@
 // The image as it was read gets what the edits named: new values in their places, while what is gone is left out of its
-// map. That must then equal the map of the edited image without what was added. How the library edits plays no part.
+// map. That must then equal the map of the edited image without what was added. How the library edits plays no part,
+// but for range limits, which have one writer.
 
 #include "EditVerify.h"
 
@@ -10,6 +11,7 @@
 #include "EditLimits.h"
 #include "MapDiff.h"
 #include "MapText.h"
+#include "Standards/AudioBlocks.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/CtaBlocks.h"
 
@@ -20,12 +22,15 @@ using CField = CZorEdidMap::SField;
 constexpr unsigned int gsc_uiBlockSize = CEdidUtils::msc_uiBlockSize;
 bool IsCea(const SEditedBlock& oBlock) { return oBlock.m_iExtension >= 0 && oBlock.m_aui8Bytes[0] == 2; }
 
-// Bit 7 of the first two bytes is reserved and stays.
-CBytes EncodeAudio(const CAudio& oAudio, const CBytes& aui8Before)
+// The descriptor that was there, of which reserved bits stay, with other contents.
+CBytes EncodeAudio(const CAudio& oAudio, CBytes aui8Descriptor)
 {
-    return { static_cast<unsigned char>((aui8Before[0] & 0x80U) | (oAudio.m_eFormat << 3) | (oAudio.m_uiChannels - 1)),
-             static_cast<unsigned char>((aui8Before[1] & 0x80U) | oAudio.m_eSamplingFreq),
-             static_cast<unsigned char>(oAudio.m_uiExtra) };
+    constexpr unsigned int uiFrequencies = 0x7F; // of the second byte
+    ZorStandards::Audio::gsc_oFormat.Write(aui8Descriptor.data(), oAudio.m_eFormat);
+    ZorStandards::Audio::gsc_oChannels.Write(aui8Descriptor.data(), oAudio.m_uiChannels - 1);
+    aui8Descriptor[1] = static_cast<unsigned char>((aui8Descriptor[1] & ~uiFrequencies) | oAudio.m_eSamplingFreq);
+    aui8Descriptor[2] = static_cast<unsigned char>(oAudio.m_uiExtra);
+    return aui8Descriptor;
 }
 
 bool IsEntry(const SMapPart& oPart, unsigned int uiField)
@@ -327,7 +332,7 @@ private:
         }
         for (const CAudio& oAudio : oEdits.m_aoAudioAdded)
         {
-            aaui8Added.push_back(EncodeAudio(oAudio, CBytes(2)));
+            aaui8Added.push_back(EncodeAudio(oAudio, CBytes(ZorStandards::Audio::gsc_uiDescriptorSize)));
         }
         if (oEdits.m_uiSpeakers != 0 && oEdits.m_bSpeakersAdded)
         {

@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "AudioNumbers.h"
-#include "FactWords.h"
 #include "JsonWriter.h"
 #include "SpeakerNames.h"
+#include "Standards/AudioBlocks.h"
 #include "TextFormat.h"
 #include "ZorEdidMap.h"
 
@@ -769,6 +769,12 @@ std::vector<CZorEdidFacts::SVariableRefresh> ListVariableRefresh(const CZorEdidF
                      [eSource](const CFacts::SVariableRefresh& oRange) { return oRange.m_eSource == eSource; });
     }
     return aoRanges;
+}
+
+std::string NameAudioFormat(const CFacts::SAudioFormat& oFormat)
+{
+    const char* pszName = ZorStandards::Audio::GetFormatName(oFormat.m_ui8Format, oFormat.m_ui8Extended);
+    return *pszName != '\0' ? pszName : FormatText("format %u", oFormat.m_ui8Format);
 }
 
 void WriteFacts(const CFactList& aoFacts, CJsonWriter& oJson)

@@ -72,6 +72,9 @@ bool HasHdr10(const CZorEdidFacts::SColour& oColour);
 // every display has rates, and EDID has no word for varying them.
 std::vector<CZorEdidFacts::SVariableRefresh> ListVariableRefresh(const CZorEdidFacts::SLink& oLink);
 
+// "E-AC-3", "AC-4"; "format 15" for a code without a name.
+std::string NameAudioFormat(const CZorEdidFacts::SAudioFormat& oFormat);
+
 // Members of the object that is open: a member for each section of the facts, in the order of the list.
 void WriteFacts(const CFactList& aoFacts, CJsonWriter& oJson);
 // The members "PATH": "ID" for all facts of one field, of lists for the first element.

@@ -10,7 +10,6 @@
 #include "AudioNumbers.h"
 #include "ExactTimings.h"
 #include "FactList.h"
-#include "Standards/AudioBlocks.h"
 #include "TextFormat.h"
 
 namespace
@@ -383,12 +382,6 @@ std::string DescribeColour(const CZorEdidFacts::SColour& oColour)
     Append(sText,
            oColour.m_oGamma.IsSaid() ? FormatText("gamma %.2f", static_cast<double>(oColour.m_oGamma.m_oValue)) : "");
     return sText;
-}
-
-std::string NameAudioFormat(const CFacts::SAudioFormat& oFormat)
-{
-    const char* pszName = ZorStandards::Audio::GetFormatName(oFormat.m_ui8Format, oFormat.m_ui8Extended);
-    return *pszName != '\0' ? pszName : FormatText("format %u", oFormat.m_ui8Format);
 }
 
 std::string DescribeAudio(const CZorEdidFacts& oFacts)

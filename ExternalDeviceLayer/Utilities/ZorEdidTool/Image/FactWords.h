@@ -39,7 +39,5 @@ std::string NameHdrKinds(const CZorEdidFacts::SColour& oColour);
 // Depths, formats and colour spaces.
 std::string DescribeColour(const CZorEdidFacts::SColour& oColour);
 
-// "E-AC-3", "AC-4"; "format 15" for a code without a name.
-std::string NameAudioFormat(const CZorEdidFacts::SAudioFormat& oFormat);
 // Formats with their channels and highest rates, each once; "none", or why it is not known.
 std::string DescribeAudio(const CZorEdidFacts& oFacts);

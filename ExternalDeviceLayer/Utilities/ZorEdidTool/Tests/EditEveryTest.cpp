@@ -16,10 +16,7 @@
 
 #include "CEdidTestImages.h"
 #include "EdidExtBlockDisplayID.h"
-#include "EditDisplayId.h"
-#include "EditImage.h"
-#include "EditVerify.h"
-#include "FieldEdits.h"
+#include "EditSteps.h"
 #include "Messages.h"
 #include "TestBytes.h"
 #include "TextFormat.h"
@@ -276,39 +273,6 @@ SEdit MakeEdit(EEditKind eKind, const std::string& sValue)
     return {};
 }
 
-// Timings of DisplayID.
-std::string RemoveParts(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits, CBytes& aui8Edited)
-{
-    CFieldEdits oFields(aui8Edited);
-    std::string sReason;
-    std::vector<SEdit> aoLater = ListNumberedTimings(aui8Image, aoEdits);
-    aoLater.insert(aoLater.end(), aoEdits.begin(), aoEdits.end());
-    for (const SEdit& oEdit : aoLater)
-    {
-        sReason = sReason.empty() && oEdit.m_fnNamed != nullptr ? oEdit.m_fnNamed(oFields) : sReason;
-    }
-    aui8Edited = oFields.GetBytes();
-    return sReason;
-}
-
-// Empty, or the reason of a refusal.
-std::string ApplyAll(const CBytes& aui8Image, const std::vector<SEdit>& aoEdits, CBytes& aui8Edited)
-{
-    CEditImage oImage;
-    oImage.Load(aui8Image);
-    for (const SEdit& oEdit : aoEdits)
-    {
-        std::string sReason = oImage.Apply(oEdit);
-        if (!sReason.empty())
-        {
-            return sReason;
-        }
-    }
-    aui8Edited = oImage.GetBytes();
-    const std::string sFault = VerifyEdits(aui8Image, aui8Edited, oImage.GetBlocks());
-    return sFault.empty() ? RemoveParts(aui8Image, aoEdits, aui8Edited) : "internal fault: " + sFault;
-}
-
 // What an edit may do to the lists that it names.
 using CRule = std::function<bool(const CTexts& asBefore, const CTexts& asAfter)>;
 using CNamed = std::map<std::string, CRule>; // by the names of the lists
@@ -489,7 +453,7 @@ bool Try(const std::string& sImage, const CBytes& aui8Image, const SEdit& oEdit,
 {
     ++g_uiEdits;
     CBytes aui8Edited;
-    const std::string sReason = ApplyAll(aui8Image, { oEdit }, aui8Edited);
+    const std::string sReason = ApplyEdits(aui8Image, { oEdit }, aui8Edited);
     if (!sReason.empty())
     {
         ++g_oRefusals[sReason];
@@ -755,7 +719,7 @@ void TryMode(const std::string& sImage, const CBytes& aui8Image, const SEdit& oE
         }
     }
     CBytes aui8Edited;
-    if (Try(sImage, aui8Image, oEdit, oNamed) && ApplyAll(aui8Image, { oEdit }, aui8Edited).empty())
+    if (Try(sImage, aui8Image, oEdit, oNamed) && ApplyEdits(aui8Image, { oEdit }, aui8Edited).empty())
     {
         aoRemovals.push_back(oEdit);
         if (ListModes(aui8Edited, [](const SZorMode&) { return false; }) != ListModes(aui8Image, fnGoes))
@@ -815,11 +779,11 @@ void TryOrders(const std::string& sImage, const CBytes& aui8Image, const std::ve
     }
     aoMixed.insert(aoMixed.end(), aoRemovals.begin(), aoRemovals.end());
     CBytes aui8First;
-    const std::string sFirst = ApplyAll(aui8Image, aoRemovals, aui8First);
+    const std::string sFirst = ApplyEdits(aui8Image, aoRemovals, aui8First);
     for (const std::vector<SEdit>& aoOrder : { aoReversed, aoMixed })
     {
         CBytes aui8Edited;
-        const std::string sReason = ApplyAll(aui8Image, aoOrder, aui8Edited);
+        const std::string sReason = ApplyEdits(aui8Image, aoOrder, aui8Edited);
         if (!sReason.empty() || !sFirst.empty() || aui8Edited != aui8First)
         {
             std::string sWhat = "the order makes a difference; ";

@@ -12,8 +12,7 @@
 
 #include "CapturedOutput.h"
 #include "DisplayIdImages.h"
-#include "EditPlan.h"
-#include "FieldEdits.h"
+#include "EditSteps.h"
 #include "Findings.h"
 #include "SharedFiles.h"
 #include "TextFormat.h"
@@ -30,16 +29,9 @@ protected:
 // Empty, or why the value or the edit is refused.
 std::string Do(CFieldEdits& oFields, const std::string& sOption, const std::string& sValue)
 {
-    for (const SEditOption& oOption : GetEditOptions())
-    {
-        SEdit oEdit = {};
-        if (sOption == oOption.m_pszName)
-        {
-            const std::string sProblem = ParseEdit(oOption, sValue, oEdit);
-            return sProblem.empty() ? oFields.Do(oEdit.m_fnNamed) : sProblem;
-        }
-    }
-    return "no such option";
+    SEdit oEdit = {};
+    const std::string sProblem = ParseOption(sOption, sValue, oEdit);
+    return sProblem.empty() ? oFields.Do(oEdit.m_fnNamed) : sProblem;
 }
 
 struct SNamedCase

@@ -2,22 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "EditPlan.h"
+#include "EditSteps.h"
 #include "ModeSources.h"
 
 namespace
 {
-// The problem, or empty.
-std::string Parse(const std::string& sOption, const std::string& sValue, SEdit& oEdit)
-{
-    const std::span<const SEditOption> aoOptions = GetEditOptions();
-    const auto itOption = std::find_if(aoOptions.begin(), aoOptions.end(),
-                                       [&](const SEditOption& oOption) { return sOption == oOption.m_pszName; });
-    return itOption != aoOptions.end() ? ParseEdit(*itOption, sValue, oEdit) : "no such option";
-}
-
 TEST(EditPlan, Numbers)
 {
     const struct
@@ -56,7 +45,7 @@ TEST(EditPlan, Numbers)
     for (const auto& oCase : aoCases)
     {
         SEdit oEdit = { eEdit_Preferred, "old", 99, {}, {} };
-        EXPECT_EQ("", Parse(oCase.m_pszOption, oCase.m_pszValue, oEdit)) << oCase.m_pszValue;
+        EXPECT_EQ("", ParseOption(oCase.m_pszOption, oCase.m_pszValue, oEdit)) << oCase.m_pszValue;
         EXPECT_EQ(oCase.m_eKind, oEdit.m_eKind) << oCase.m_pszOption;
         EXPECT_EQ(oCase.m_uiNumber, oEdit.m_uiNumber) << oCase.m_pszOption << ' ' << oCase.m_pszValue;
         const std::string sValue = oCase.m_pszValue;
@@ -102,7 +91,8 @@ TEST(EditPlan, AudioDescriptors)
         {
             SEdit oEdit = {};
             const std::string sOption = bSet ? "--audio-set" : "--audio-add";
-            EXPECT_EQ("", Parse(sOption, (bSet ? "3=" : "") + std::string(oCase.m_pszText), oEdit)) << oCase.m_pszText;
+            EXPECT_EQ("", ParseOption(sOption, (bSet ? "3=" : "") + std::string(oCase.m_pszText), oEdit))
+                << oCase.m_pszText;
             EXPECT_EQ(bSet ? 3U : 0U, oEdit.m_uiNumber);
             EXPECT_EQ(oCase.m_uiFormat, static_cast<unsigned int>(oEdit.m_oAudio.m_eFormat)) << oCase.m_pszText;
             EXPECT_EQ(oCase.m_uiChannels, oEdit.m_oAudio.m_uiChannels) << oCase.m_pszText;
@@ -187,7 +177,7 @@ TEST(EditPlan, RefusalsHaveTheirReason)
     for (const auto& oCase : aoCases)
     {
         SEdit oEdit = {};
-        EXPECT_EQ(oCase.m_sReason, Parse(oCase.m_pszOption, oCase.m_pszValue, oEdit)) << oCase.m_pszValue;
+        EXPECT_EQ(oCase.m_sReason, ParseOption(oCase.m_pszOption, oCase.m_pszValue, oEdit)) << oCase.m_pszValue;
     }
 }
 
@@ -210,7 +200,7 @@ TEST(EditPlan, PreferredTimings)
     for (const auto& oCase : aoCases)
     {
         SEdit oEdit = {};
-        EXPECT_EQ("", Parse("--preferred", oCase.m_pszValue, oEdit));
+        EXPECT_EQ("", ParseOption("--preferred", oCase.m_pszValue, oEdit));
         EXPECT_EQ(oCase.m_uiHorizontalTotal, oEdit.m_oTiming.ComputeHorizontalTotalPixel()) << oCase.m_pszValue;
         EXPECT_EQ(oCase.m_uiVerticalTotal, oEdit.m_oTiming.ComputeVerticalTotalLine()) << oCase.m_pszValue;
         EXPECT_EQ(oCase.m_uiClockInKiloHz, oEdit.m_oTiming.GetPixelClockInKiloHz()) << oCase.m_pszValue;

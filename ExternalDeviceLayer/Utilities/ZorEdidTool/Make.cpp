@@ -125,7 +125,7 @@ void DeclareMakeOptions(COptions& oCommand, STool& oTool)
         const SWishOption& oOption = GetWishOptions()[i];
         const auto fnCheck = [&oOption](const std::string& sValue) {
             SZorEdidWishes oWishes;
-            return oOption.m_pfnSet(sValue, oWishes);
+            return SetWish(oOption, sValue, oWishes);
         };
         oCommand.Edit(oOption.m_pszName, oOption.m_pszValue, oOption.m_pszHelp, fnCheck, i, "Wishes");
     }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "MakerValues.h"
 #include "Standards/BaseBlock.h"
 #include "Standards/HdmiBlocks.h"
 #include "Standards/Modes.h"
@@ -35,16 +36,6 @@ bool IsText(const CMString& sText)
         }
     }
     return sText.GetLength() == 0 || (sText.GetAt(0) != ' ' && sText.GetAt(sText.GetLength() - 1) != ' ');
-}
-
-bool IsMaker(const CMString& sMaker)
-{
-    bool bLetters = sMaker.GetLength() == BaseBlock::gsc_uiManufacturerLetters;
-    for (int i = 0; i < sMaker.GetLength(); ++i)
-    {
-        bLetters = bLetters && sMaker.GetAt(i) >= 'A' && sMaker.GetAt(i) <= 'Z';
-    }
-    return bLetters;
 }
 
 CMString NameMode(const SZorWishedMode& oMode)
@@ -149,8 +140,9 @@ unsigned int CMakerPlan::GetColorDepth() const
 CMString CMakerPlan::Make()
 {
     m_bCta = IsHdmi() || m_oWishes.HasHdr() || HasAudio();
-    CMString sReason = CheckTexts();
-    sReason = sReason.GetLength() != 0 ? sReason : CheckNumbers();
+    CMString sReason = CheckValues(m_oWishes);
+    sReason = sReason.GetLength() != 0 ? sReason : CheckIdentity();
+    sReason = sReason.GetLength() != 0 ? sReason : CheckLuminances();
     sReason = sReason.GetLength() != 0 ? sReason : CheckInterface();
     sReason = sReason.GetLength() != 0 ? sReason : FindTimings();
     sReason = sReason.GetLength() != 0 ? sReason : Check420();
@@ -162,43 +154,19 @@ CMString CMakerPlan::Make()
 
 // ---- Wishes that cannot be ----
 
-CMString CMakerPlan::CheckTexts() const
+CMString CMakerPlan::CheckIdentity() const
 {
-    if (!IsText(m_oWishes.m_sName) || !IsText(m_oWishes.m_sSerial))
+    const CMString& sWrong = !IsText(m_oWishes.m_sName) ? m_oWishes.m_sName : m_oWishes.m_sSerial;
+    if (!IsText(sWrong))
     {
-        return "a name and a serial number have up to 13 printable characters, and no blank at either end";
+        return "'" + sWrong + "' is not a text of up to 13 printable characters without a blank at either end";
     }
-    return m_oWishes.m_sMaker.GetLength() == 0 || IsMaker(m_oWishes.m_sMaker) ? "" : "a maker is three capital letters";
-}
-
-CMString CMakerPlan::CheckNumbers() const
-{
-    constexpr unsigned int uiMostProduct = 0xFFFF;
-    constexpr unsigned int uiMostSize = 2550;
-    constexpr unsigned int uiLeastSize = 10;
-    constexpr unsigned int auiDepths[] = { 0, 8, 10, 12 };
-    const SZorEdidWishes& oWishes = m_oWishes;
-    if (oWishes.m_uiProduct > uiMostProduct)
+    CMString sReason;
+    if (m_oWishes.m_uiThisYear != 0 && m_oWishes.m_uiYear > m_oWishes.m_uiThisYear)
     {
-        return "a product code is a number up to 65535";
+        sReason.Format("the year of manufacture, %u, is in the future", m_oWishes.m_uiYear);
     }
-    const auto fnIsSize = [](unsigned int uiSize) { return uiSize >= uiLeastSize && uiSize <= uiMostSize; };
-    const bool bNoSize = oWishes.m_uiWidthInMm == 0 && oWishes.m_uiHeightInMm == 0;
-    if (!bNoSize && (!fnIsSize(oWishes.m_uiWidthInMm) || !fnIsSize(oWishes.m_uiHeightInMm)))
-    {
-        return "a size is 10 to 2550 mm in each direction";
-    }
-    if (std::ranges::find(auiDepths, oWishes.m_uiColorDepth) == std::end(auiDepths))
-    {
-        return "a colour depth is 8, 10 or 12 bits";
-    }
-    if (!oWishes.HasHdr() &&
-        (oWishes.m_uiFrameLuminance != 0 || oWishes.m_uiMinLuminance != 0 || oWishes.m_uiMaxLuminance != 0))
-    {
-        return "luminances belong to HDR: PQ, HLG or both";
-    }
-    const CMString sNumbers = CheckLuminances();
-    return sNumbers.GetLength() != 0 ? sNumbers : CheckDate();
+    return sReason;
 }
 
 CMString CMakerPlan::CheckLuminances() const
@@ -211,6 +179,10 @@ CMString CMakerPlan::CheckLuminances() const
     const unsigned int uiFrame = m_oWishes.m_uiFrameLuminance;
     const unsigned int uiMin = m_oWishes.m_uiMinLuminance;
     CMString sReason;
+    if (!m_oWishes.HasHdr() && (uiFrame != 0 || uiMin != 0 || uiMax != 0))
+    {
+        return "luminances belong to HDR: PQ, HLG or both";
+    }
     if (uiMax == 0)
     {
         return uiFrame != 0 || uiMin != 0 ? "frame and min: these luminances need a maximum, max" : "";
@@ -231,33 +203,15 @@ CMString CMakerPlan::CheckLuminances() const
     return sReason;
 }
 
-CMString CMakerPlan::CheckDate() const
-{
-    constexpr unsigned int uiFirstYear = 2006; // of E-EDID 1.4
-    constexpr unsigned int uiLastYear = BaseBlock::gsc_uiFirstYear + 0xFF;
-    constexpr unsigned int uiMostWeek = 53;
-    const unsigned int uiYear = m_oWishes.m_uiYear;
-    if (m_oWishes.m_uiWeek > uiMostWeek || (m_oWishes.m_uiWeek != 0 && uiYear == 0) ||
-        (uiYear != 0 && (uiYear < uiFirstYear || uiYear > uiLastYear)))
-    {
-        return "a date is a year from 2006 to 2245, and a week of it from 1 to 53";
-    }
-    return m_oWishes.m_uiThisYear != 0 && uiYear > m_oWishes.m_uiThisYear ? "the year of manufacture is in the future"
-                                                                          : "";
-}
-
 CMString CMakerPlan::CheckInterface() const
 {
-    constexpr unsigned int uiLeastTmds = 25;
     const SZorEdidWishes& oWishes = m_oWishes;
-    if (oWishes.m_uiFrl > gsc_uiMostFrl ||
-        (oWishes.m_uiMaxTmds != 0 && (oWishes.m_uiMaxTmds < uiLeastTmds || oWishes.m_uiMaxTmds > gsc_uiMostForumTmds)))
-    {
-        return "TMDS takes 25 to 600 MHz, and FRL has 6 rates, up to 4 lanes of 12 Gbps";
-    }
     if (oWishes.m_uiFrl != 0 && oWishes.m_uiMaxTmds != 0 && oWishes.m_uiMaxTmds != gsc_uiMostForumTmds)
     {
-        return "with FRL a display takes TMDS up to 600 MHz";
+        CMString sReason;
+        sReason.Format("with FRL a display takes TMDS up to %u MHz, not %u MHz", gsc_uiMostForumTmds,
+                       oWishes.m_uiMaxTmds);
+        return sReason;
     }
     if (!IsHdmi() && (oWishes.m_uiFrl != 0 || oWishes.m_uiMaxTmds != 0 || oWishes.m_bYCbCr420))
     {
@@ -283,19 +237,20 @@ CMString CMakerPlan::CheckVrr() const
     {
         return "";
     }
-    if (uiMin == 0 || uiMax <= uiMin)
-    {
-        return "variable refresh needs a range, such as 48 to 144 Hz";
-    }
     CMString sReason;
     if (IsHdmi() && (uiMin > uiMostHdmiMinimum || uiMax > uiMostHdmi))
     {
-        return "variable refresh of HDMI begins at 48 Hz or below and ends at 1023 Hz or below";
+        sReason.Format(
+            "variable refresh of HDMI begins at 48 Hz or below and ends at 1023 Hz or below, not %u to %u Hz", uiMin,
+            uiMax);
+        return sReason;
     }
     if (!IsHdmi() && (uiMin > uiFallbackRate || uiMax < uiFallbackRate || uiMax > uiMostDisplayPort))
     {
-        return "variable refresh of DisplayPort has 60 Hz within it, the rate of the fallback mode, and ends at 510 Hz "
-               "or below";
+        sReason.Format("variable refresh of DisplayPort includes 60 Hz, the rate of the fallback mode, and ends at "
+                       "510 Hz or below, not %u to %u Hz",
+                       uiMin, uiMax);
+        return sReason;
     }
     bool bReached = false;
     for (unsigned int i = 0; i < m_aoModes.GetCount(); ++i)
@@ -395,15 +350,21 @@ CMString CMakerPlan::FindTimings()
     return "";
 }
 
-// What every display has, whatever is wished.
+// What every display has, whatever is wished. A code means 59.94 Hz as well: a mode with it is this one.
 void CMakerPlan::AddVga()
 {
-    constexpr unsigned int uiCode = 1;
     constexpr unsigned int uiDmt = 4;
     SZorMode oVga = {};
+    for (unsigned int i = 0; i < m_aoModes.GetCount(); ++i)
+    {
+        if (m_aoModes[i].m_uiCode == gsc_uiVgaCode)
+        {
+            return;
+        }
+    }
     if (m_bCta)
     {
-        MakeVideoMode(oVga, uiCode);
+        MakeVideoMode(oVga, gsc_uiVgaCode);
     }
     else
     {
@@ -568,7 +529,7 @@ CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
     }
     const bool bEstablished = oMode.m_uiEstablished != SPlannedMode::msc_uiNoBit;
     return oMode.m_sName + ": neither a detailed timing nor DisplayID has room for its numbers" +
-           (bEstablished ? ", so that it cannot be the first mode, which is the preferred one" : "");
+           (bEstablished ? ", so it cannot be the first mode, which is the preferred one" : "");
 }
 
 // At least so many; asked before the work of making them.

@@ -8,6 +8,8 @@
 
 namespace ZorWrite
 {
+inline constexpr unsigned int gsc_uiVgaCode = 1; // 640x480 at 60 and 59.94 Hz
+
 struct SPlannedMode
 {
     static constexpr unsigned int msc_uiNoBit = 0xFF;
@@ -73,10 +75,8 @@ public:
     bool IsFirstNative() const { return m_uiFirstDetailed == 0 && !m_aoModes[0U].m_oTiming.m_bInterlaced; }
 
 private:
-    CMString CheckTexts() const;
-    CMString CheckNumbers() const;
+    CMString CheckIdentity() const;
     CMString CheckLuminances() const;
-    CMString CheckDate() const;
     CMString CheckInterface() const;
     CMString CheckVrr() const;
     CMString Check420() const;

@@ -245,7 +245,7 @@ void NotePlaces(const CMakerPlan& oPlan, CMArrayString& asNotes)
             sCode.Format("VIC %u%s", oMode.m_uiCode, oMode.m_b420Only ? " in YCbCr 4:2:0 only" : "");
             fnAdd(sCode);
         }
-        if (oMode.m_uiEstablished != SPlannedMode::msc_uiNoBit || (oMode.m_bFallback && oMode.m_uiCode == 1))
+        if (oMode.m_uiEstablished != SPlannedMode::msc_uiNoBit || oMode.m_uiCode == gsc_uiVgaCode)
         {
             fnAdd("established timing");
         }
@@ -301,7 +301,7 @@ void NoteIdentity(const SZorEdidWishes& oWishes, const SDonor& oDonor, CMArraySt
     }
     if (oWishes.m_sMaker.GetLength() == 0)
     {
-        asNotes.Add(CMString("maker ") + gsc_szNeutralMaker + ", which is none");
+        asNotes.Add(CMString("maker ") + gsc_szNeutralMaker + ", which no maker has");
     }
 }
 } // namespace

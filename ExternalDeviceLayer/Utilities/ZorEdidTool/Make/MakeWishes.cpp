@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "ExactTimings.h"
+#include "MakerValues.h"
 #include "NearWord.h"
 #include "Standards/HdmiBlocks.h"
 #include "TextFormat.h"
@@ -42,6 +43,11 @@ const ROW* FindRow(const ROW (&aoRows)[COUNT], const std::string& sName)
 
 // ---- Values ----
 
+std::string RefuseText(const std::string& sValue, const char* pszExpected)
+{
+    return "'" + sValue + "' is not " + pszExpected;
+}
+
 std::string SetMode(const std::string& sValue, SZorEdidWishes& oWishes)
 {
     const size_t uiComma = sValue.find(',');
@@ -49,7 +55,7 @@ std::string SetMode(const std::string& sValue, SZorEdidWishes& oWishes)
     SZorWishedMode oWish;
     if (!ParseExactMode(sValue.substr(0, uiComma), oMode))
     {
-        return "expected a mode such as 1920x1080@60 or 2560x1440@144,cvt-rb2";
+        return RefuseText(sValue, "a mode such as 1920x1080@60 or 2560x1440@144,cvt-rb2");
     }
     if (uiComma != std::string::npos)
     {
@@ -106,19 +112,21 @@ std::string SetMaker(const std::string& sValue, SZorEdidWishes& oWishes)
 
 std::string SetProduct(const std::string& sValue, SZorEdidWishes& oWishes)
 {
-    return ParseNumber(sValue, oWishes.m_uiProduct) ? "" : "expected a number up to 65535 or 0xffff";
+    return ParseNumber(sValue, oWishes.m_uiProduct) ? "" : RefuseText(sValue, "a number from 0 to 65535");
 }
 
 std::string SetDate(const std::string& sValue, SZorEdidWishes& oWishes)
 {
-    return ParseWeekAndYear(sValue, oWishes.m_uiWeek, oWishes.m_uiYear) ? "" : "expected WEEK/YEAR or YEAR";
+    return ParseWeekAndYear(sValue, oWishes.m_uiWeek, oWishes.m_uiYear)
+               ? ""
+               : RefuseText(sValue, "WEEK/YEAR or YEAR such as 12/2026");
 }
 
 std::string SetSize(const std::string& sValue, SZorEdidWishes& oWishes)
 {
     return ParsePair(WithoutUnit(sValue, "mm"), 'x', oWishes.m_uiWidthInMm, oWishes.m_uiHeightInMm)
                ? ""
-               : "expected a size such as 600x340mm";
+               : RefuseText(sValue, "a size such as 600x340mm");
 }
 
 // "0.05" in 0.0001; false for anything else.
@@ -139,7 +147,6 @@ bool ParseLuminance(const std::string& sText, unsigned int& uiTenThousandths)
 
 std::string SetHdr(const std::string& sValue, SZorEdidWishes& oWishes)
 {
-    constexpr char szExpected[] = "expected a list of pq, hlg, max=600, frame=400, min=0.05";
     if (sValue.empty() || sValue == "true")
     {
         oWishes.m_bPq = oWishes.m_bHlg = true;
@@ -154,7 +161,7 @@ std::string SetHdr(const std::string& sValue, SZorEdidWishes& oWishes)
         const std::string sNumber = uiEquals < sPart.size() ? sPart.substr(uiEquals + 1) : "";
         if (!sNumber.empty() && std::ranges::count(asParts, sName, fnGetName) > 1)
         {
-            return sName + " is there twice";
+            return "'" + sValue + "' has " + sName + " twice";
         }
         const bool bGood = sPart == "pq"      ? (oWishes.m_bPq = true)
                            : sPart == "hlg"   ? (oWishes.m_bHlg = true)
@@ -163,7 +170,7 @@ std::string SetHdr(const std::string& sValue, SZorEdidWishes& oWishes)
                                               : sName == "min" && ParseLuminance(sNumber, oWishes.m_uiMinLuminance);
         if (!bGood)
         {
-            return szExpected;
+            return RefuseText(sPart, "one of pq, hlg, max=600, frame=400, min=0.05");
         }
     }
     oWishes.m_bPq = oWishes.m_bPq || !oWishes.m_bHlg; // luminances alone
@@ -193,19 +200,21 @@ std::string SetVrr(const std::string& sValue, SZorEdidWishes& oWishes)
 {
     return ParsePair(WithoutUnit(sValue, "Hz"), '-', oWishes.m_uiVrrMin, oWishes.m_uiVrrMax) && oWishes.HasVrr()
                ? ""
-               : "expected a range such as 48-144";
+               : RefuseText(sValue, "a range of rates such as 48-144");
 }
 
 std::string SetColorDepth(const std::string& sValue, SZorEdidWishes& oWishes)
 {
-    return ParseNumber(sValue, oWishes.m_uiColorDepth) && oWishes.m_uiColorDepth != 0 ? "" : "expected 8, 10 or 12";
+    return ParseNumber(sValue, oWishes.m_uiColorDepth) && oWishes.m_uiColorDepth != 0
+               ? ""
+               : RefuseText(sValue, "a colour depth of 8, 10 or 12 bits");
 }
 
 std::string SetTmds(const std::string& sValue, SZorEdidWishes& oWishes)
 {
     return ParseNumber(WithoutUnit(sValue, "MHz"), oWishes.m_uiMaxTmds) && oWishes.m_uiMaxTmds != 0
                ? ""
-               : "expected 25 to 600 MHz";
+               : RefuseText(sValue, "a TMDS clock from 25 to 600 MHz");
 }
 
 // Gbit/s of each lane, and lanes.
@@ -239,7 +248,7 @@ constexpr SWishOption gsc_aoOptions[] = {
     { "--interface", "KIND", "hdmi, dp or dvi; without it hdmi", SetInterface },
     { "--name", "TEXT", "Name of the product, up to 13 characters", SetName },
     { "--serial-text", "TEXT", "Serial number, up to 13 characters", SetSerial },
-    { "--maker", "ABC", "Three letters of the maker; without it ZVD, which is none", SetMaker },
+    { "--maker", "ABC", "Three letters of the maker; without it ZVD, which no maker has", SetMaker },
     { "--product", "N", "Product code", SetProduct, true },
     { "--date", "[WEEK/]YEAR", "Of manufacture; without it that of the donor, else 2025", SetDate },
     { "--size", "WxHmm", "Of the picture; without it no size is given", SetSize },
@@ -311,6 +320,12 @@ const std::vector<SProfile>& GetProfiles()
 
 std::span<const SWishOption> GetWishOptions() { return gsc_aoOptions; }
 
+std::string SetWish(const SWishOption& oOption, const std::string& sValue, SZorEdidWishes& oWishes)
+{
+    std::string sReason = oOption.m_pfnSet(sValue, oWishes);
+    return sReason.empty() ? static_cast<const char*>(ZorWrite::CheckValues(oWishes)) : sReason;
+}
+
 std::string ApplyWishes(const CWishValues& aoValues, SZorEdidWishes& oWishes)
 {
     const auto fnIsMode = [](const SWishValue& oValue) { return oValue.m_poOption == gsc_aoOptions; };
@@ -325,10 +340,10 @@ std::string ApplyWishes(const CWishValues& aoValues, SZorEdidWishes& oWishes)
         {
             return std::string(oValue.m_poOption->m_pszName) + " is given twice";
         }
-        const std::string sReason = oValue.m_poOption->m_pfnSet(oValue.m_sValue, oWishes);
+        const std::string sReason = SetWish(*oValue.m_poOption, oValue.m_sValue, oWishes);
         if (!sReason.empty())
         {
-            return std::string(oValue.m_poOption->m_pszName) + " " + oValue.m_sValue + ": " + sReason;
+            return std::string(oValue.m_poOption->m_pszName) + ": " + sReason;
         }
     }
     return "";

@@ -202,7 +202,7 @@ class Wishes(unittest.TestCase):
         self.assertEqual((0, 256), (status, len(image)))
         self.assertEqual(["1920x1080@60: preferred, detailed timing, VIC 16", "2560x1440@144: at 143.97 Hz, detailed timing",
                           "640x480@60: fallback, VIC 1, established timing", "HDMI: TMDS to 600 MHz, FRL of 3 lanes of 6 Gbps",
-                          "maker ZVD, which is none"],
+                          "maker ZVD, which no maker has"],
                          [line.removeprefix("zoredid: ") for line in notes.splitlines()])
         self.assertEqual((0, image, ""), make("-q", "--mode=1920X1080@60Hz", "--mode=2560x1440@144,cvt-rb"))
 
@@ -244,11 +244,14 @@ class Wishes(unittest.TestCase):
 
     def test_refusals(self):
         for arguments, status, reason in (
-                ("--mode 1920x1080", 2, "expected a mode"),
+                ("--mode 1920x1080", 2, "'1920x1080' is not a mode"),
                 ("--mode 1920x1080@60,cvt-rb4", 2, "did you mean 'cvt-rb'?"),
                 ("", 2, "no mode is given"),
-                ("--profile hdmi-4k --vrr 48", 2, "expected a range"),
-                ("--profile vrr --vrr 144-48", 1, "needs a range"),
+                ("--profile hdmi-4k --vrr 48", 2, "'48' is not a range"),
+                ("--profile vrr --vrr 144-48", 2, "144-48 is not a range"),
+                ("--profile headless --tmds 700", 2, "700 is not a TMDS clock from 25 to 600"),
+                ("--profile headless --product 99999", 2, "99999 is not a product code"),
+                ("--profile headless --color-depth 9", 2, "9 is not a colour depth"),
                 ("--profile headless --vrr 48-144", 1, "up to 144 Hz needs a mode of that rate"),
                 ("--mode 1920x1080@120 --vrr 60-120", 1, "begins at 48 Hz"),
                 ("--mode 1920x1080@120 --mode 1920x1080@24 --vrr 48-120 --interface dp", 1, "1920x1080@24 is outside"),
@@ -267,20 +270,21 @@ class Wishes(unittest.TestCase):
                 ("--mode 65536x65536@50,cvt --interface dp", 1, "DisplayPort carries 9675 MHz at most"),
                 ("--mode 1920x1080i@60 --mode 5120x2880@60", 1, "beside modes that need DisplayID"),
                 ("--profile headless --name ABCDEFGHIJKLMN", 1, "up to 13 printable characters"),
-                ("--profile headless --maker Abc", 1, "three capital letters"),
-                ("--profile headless --size 5000x100mm", 1, "10 to 2550 mm"),
+                ("--profile headless --maker Abc", 2, "'Abc' is not three capital letters"),
+                ("--profile headless --size 5000x100mm", 2, "5000x100 is not a size of 10 to 2550 mm"),
                 ("--profile headless --size 5000", 2, "600x340mm"),
                 ("--profile headless --hdr max=20000", 1, "max=20000: a maximum luminance is 50 to 12500"),
                 ("--profile headless --hdr max=600,frame=700", 1, "frame=700: the luminance of a frame"),
                 ("--profile headless --hdr max=600,min=9", 1, "min=9: a minimum luminance"),
                 ("--profile headless --hdr pq,min=0.1", 1, "need a maximum"),
-                ("--profile headless --hdr max=600,max=700", 2, "max is there twice"),
+                ("--profile headless --hdr max=600,max=700", 2, "has max twice"),
                 ("--profile headless --hdr pq --hdr hlg", 2, "--hdr is given twice"),
-                ("--profile headless --date 2005", 1, "a year from 2006"),
+                ("--profile headless --date 2005", 2, "2005 is not a year from 2006"),
+                ("--profile headless --date 54/2020", 2, "54 is not a week from 1 to 53"),
                 ("--profile headless --date 2245", 1, "is in the future"),
-                ("--profile headless --date 0/2026", 2, "expected WEEK/YEAR"),
+                ("--profile headless --date 0/2026", 2, "is not WEEK/YEAR"),
                 ("--mode 1920x1080@1 --interface dp", 1, "range limits begin at 1 Hz"),
-                ("--profile headless --hdr sdr", 2, "expected a list of pq"),
+                ("--profile headless --hdr sdr", 2, "'sdr' is not one of pq"),
                 ("--profile headless --like /dev/null", 3, "is empty")):
             with self.subTest(arguments):
                 done = make(*arguments.split())
@@ -303,7 +307,7 @@ class Wishes(unittest.TestCase):
                              ('{"name": {}}', "name: an object"), ('{"name": ["a"]}', "name: a list"), ("[]", "a list"),
                              ('{"name": null}', "expected a text"), ('{"name": 7}', "name: expected a text"),
                              ('{"product": "7"}', "product: expected a number"), ('{"ycbcr420": "no"}', "expected true or false"),
-                             ('{"modes": [1]}', "modes: expected a text"), ('{"name": "a\\u0000b"}', "name: has a character"), ('{"size": "big"}', "--size big: expected a size"),
+                             ('{"modes": [1]}', "modes: expected a text"), ('{"name": "a\\u0000b"}', "name: has a character"), ('{"size": "big"}', "--size: 'big' is not a size"),
                              ('{"profile": "none"}', "unknown profile 'none'"), ("{} {}", "more than one document"),
                              ("", "is empty"), ('{"modes": [', "")):
             with self.subTest(text):

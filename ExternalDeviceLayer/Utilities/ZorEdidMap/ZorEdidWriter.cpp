@@ -454,7 +454,7 @@ CMString CheckDraft(const SMapContent& oBefore, const SMapContent& oAfter, unsig
     const unsigned int uiOther = CComparison(oBefore, oAfter, uiField, oDraft.m_oRoom).FindDifference();
     if (uiOther != gsc_uiNone)
     {
-        return "other fields would change their meaning, first " + NameInGroup(oBefore, uiOther) +
+        return "it would change the meaning of other fields, such as " + NameInGroup(oBefore, uiOther) +
                "; raw: writes it nonetheless";
     }
     const CMString oText = FormatValue(oAfter, uiField);

@@ -147,9 +147,9 @@ CMString CPartsComparison::Compare(const CFields& auiBefore, const CFields& auiA
     {
         return {};
     }
-    return "other parts would read differently, first " + (uiSame < auiBefore.GetCount()
-                                                               ? ZorMap::NameInGroup(m_oBefore, auiBefore[uiSame])
-                                                               : ZorMap::NameInGroup(m_oAfter, auiAfter[uiSame]));
+    return "it would change the meaning of other parts, such as " +
+           (uiSame < auiBefore.GetCount() ? ZorMap::NameInGroup(m_oBefore, auiBefore[uiSame])
+                                          : ZorMap::NameInGroup(m_oAfter, auiAfter[uiSame]));
 }
 
 CMString CPartsComparison::FindDifference() const

@@ -783,7 +783,8 @@ bool CPartsEdit::FindPart(unsigned int uiField, SPart& oPart)
         {
             return true;
         }
-        Refuse(uiBlock == 0 ? "the base block stays, and is the first one" : "it is not a block that the image counts");
+        Refuse(uiBlock == 0 ? "the base block is always the first one and cannot be removed"
+                            : "it is not a block that the image counts");
         return false;
     }
     CBlockParts oBlock;

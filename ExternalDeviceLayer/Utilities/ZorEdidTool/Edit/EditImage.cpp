@@ -165,8 +165,9 @@ std::string CEditImage::NameRange(unsigned int SEditedBlock::*puiCount, const ch
         uiCount += oBlock.*puiCount;
     }
     const std::string sWhat = pszWhat;
-    return uiCount == 0 ? "the image has no " + sWhat
-                        : "the image has " + sWhat + " 0 to " + std::to_string(uiCount - 1);
+    return uiCount == 0   ? "the image has no " + sWhat
+           : uiCount == 1 ? "the image has only number 0 of " + sWhat
+                          : "the image has " + sWhat + " 0 to " + std::to_string(uiCount - 1);
 }
 
 std::string CEditImage::NameBlock(const SEditedBlock& oBlock) const

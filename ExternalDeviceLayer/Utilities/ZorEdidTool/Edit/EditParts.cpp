@@ -151,7 +151,7 @@ std::string ParseRemovePart(const std::string& sText, CNamedEdit& fnEdit)
 std::string ParseMovePart(const std::string& sText, CNamedEdit& fnEdit)
 {
     SSetting oSetting;
-    std::string sProblem = ParseSetting(sText, oSetting);
+    std::string sProblem = ParseSetting(sText, oSetting, "ID[N]=PLACE such as cta.audio[0]=1");
     unsigned int uiPlace = 0;
     if (sProblem.empty() && !ParseNumber(oSetting.m_sValue, uiPlace))
     {

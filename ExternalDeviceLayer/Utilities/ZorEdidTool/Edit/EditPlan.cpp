@@ -279,9 +279,9 @@ std::string ParseTiming(const std::string& sText, SEdit& oEdit)
         }
         bClockTooHigh = bClockTooHigh || oAnswers.m_bClockTooHigh;
     }
-    return bClockTooHigh ? "its pixel clock is beyond 4294967295 Hz"
-           : bTyped      ? asFields[1] + " has no such mode"
-                         : "no table and no formula has such a mode";
+    return bClockTooHigh ? "'" + asFields[0] + "' has no timing with a pixel clock of at most 4294967295 Hz"
+           : bTyped      ? asFields[1] + " has no mode '" + asFields[0] + "'"
+                         : "no table and no formula has '" + asFields[0] + "'";
 }
 
 std::string ParsePlainNumber(const std::string& sText, unsigned int& uiNumber)

@@ -148,7 +148,7 @@ std::string CEditImage::ReplacePreferred(const CVidParamTimingGeneric& oTiming)
     if (m_oEdid.GetBaseDetailed(0, &oRead) == 0 || m_oEdid.GetBaseDetailedCount() != uiCount ||
         !IsSameMode(oRead, oTiming))
     {
-        return "the timing does not fit into a detailed descriptor";
+        return "the timing does not fit into a detailed descriptor, which holds up to 4095 x 4095 pixels at 655.35 MHz";
     }
     SBlockEdits& oEdits = m_aoBlocks.front().m_oEdits;
     oEdits.m_bPreferred = true;

@@ -48,7 +48,8 @@ std::string FindById(const CZorEdidMap& oMap, const SSetting& oSetting, unsigned
     {
         return "the image has no field " + sId;
     }
-    const std::string sRange = sId + "[0] to " + sId + "[" + std::to_string(uiCount - 1) + "]";
+    const std::string sLast = sId + "[" + std::to_string(uiCount - 1) + "]";
+    const std::string sRange = uiCount == 1 ? "only " + sLast : sId + "[0] to " + sLast;
     if (oSetting.m_uiNumber == SSetting::msc_uiNone && uiCount > 1)
     {
         return "the image has several of this field, " + sRange;
@@ -144,16 +145,16 @@ std::string ParseField(const std::string& sField, SSetting& oSetting)
     oSetting.m_eId = CZorEdidMap::FindId(sId.c_str());
     return oSetting.m_eId != eZorEdidField_None
                ? ""
-               : "unknown id '" + sId + "'" + NameKnownWords(sId, ListIdTexts(), "one of zoredid explain --ids");
+               : "unknown id '" + sId + "'" + NameKnownWords(sId, ListIdTexts(), "an id of 'zoredid explain --ids'");
 }
 
-std::string ParseSetting(const std::string& sText, SSetting& oSetting)
+std::string ParseSetting(const std::string& sText, SSetting& oSetting, const char* pszForms)
 {
     oSetting = {};
     const size_t uiEquals = sText.find('=');
     if (uiEquals == std::string::npos)
     {
-        return "'" + sText + "' is not ID=VALUE, ID[N]=VALUE or OFFSET.BIT=VALUE";
+        return "'" + sText + "' is not " + pszForms;
     }
     oSetting.m_sValue = sText.substr(uiEquals + 1);
     return ParseField(sText.substr(0, uiEquals), oSetting);

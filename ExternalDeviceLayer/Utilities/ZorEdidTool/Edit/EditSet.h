@@ -19,7 +19,8 @@ struct SSetting
 
 // Empty, or what is wrong with the text: ID, ID[N] or OFFSET[.BIT]; the same with a value.
 std::string ParseField(const std::string& sField, SSetting& oSetting);
-std::string ParseSetting(const std::string& sText, SSetting& oSetting);
+std::string ParseSetting(const std::string& sText, SSetting& oSetting,
+                         const char* pszForms = "ID=VALUE, ID[N]=VALUE or OFFSET.BIT=VALUE");
 
 // "block 1: Video data block > Native"
 std::string NameField(const CZorEdidMap& oMap, unsigned int uiField);

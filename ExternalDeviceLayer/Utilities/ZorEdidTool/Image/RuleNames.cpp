@@ -112,7 +112,7 @@ std::string CRuleSet::CheckNames(const std::string& sNames)
             const std::string sBeginning = TakeBeginning(sName);
             sProblem = "unknown rule '" + ShowName(sName) + "'" +
                        NameKnownWords(sBeginning.substr(0, sBeginning.find_last_not_of('.') + 1), ListNames(),
-                                      "one of zoredid check --rules");
+                                      "a rule of 'zoredid check --rules'");
         }
     });
     return sProblem;

@@ -106,6 +106,7 @@ TEST(EditPlan, RefusalsHaveTheirReason)
 {
     const std::string sNumber = " is not a number from 0 to 4294967295";
     const std::string sMode = " is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
+    const std::string sClock = " has no timing with a pixel clock of at most 4294967295 Hz";
     const std::string sAudio = " is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
                                "pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps";
     const std::string sBitRate = " is not a bit rate such as 640kbps, a multiple of 8 up to 2040";
@@ -170,9 +171,9 @@ TEST(EditPlan, RefusalsHaveTheirReason)
         { "--preferred", "1920x1080@60,cea,dmt", "'1920x1080@60,cea,dmt'" + sMode },
         { "--preferred", "1920x1080@60,vesa",
           "unknown value 'vesa'; expected one of dmt, dmt-rb, cvt, cvt-rb, gtf, cea, smpte" },
-        { "--preferred", "1921x1080@60,cea", "cea has no such mode" },
-        { "--preferred", "16000x16000@240", "its pixel clock is beyond 4294967295 Hz" },
-        { "--preferred", "16000x16000@240,gtf", "its pixel clock is beyond 4294967295 Hz" },
+        { "--preferred", "1921x1080@60,cea", "cea has no mode '1921x1080@60'" },
+        { "--preferred", "16000x16000@240", "'16000x16000@240'" + sClock },
+        { "--preferred", "16000x16000@240,gtf", "'16000x16000@240'" + sClock },
     };
     for (const auto& oCase : aoCases)
     {

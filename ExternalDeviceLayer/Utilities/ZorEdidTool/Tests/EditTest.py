@@ -157,12 +157,12 @@ class Edits(unittest.TestCase):
                  "0: Detailed timing, block 1: Video data block > Short video descriptor 14, which do not name this code: --remove 1920x1080@60 removes "
                  "the mode"),
                 (cea("421061" "e20f06"), "--add cta.video=1f",
-                 "differently, first YCbCr 4:2:0 capability map data block > Place without a video code"),
-                (cea("421061" "e20f02"), "--remove-part cta.video.descriptor[0]", "differently, first YCbCr 4:2:0 capability "
+                 "meaning of other parts, such as YCbCr 4:2:0 capability map data block > Place without a video code"),
+                (cea("421061" "e20f02"), "--remove-part cta.video.descriptor[0]", "meaning of other parts, such as YCbCr 4:2:0 capability "
                  "map data block > Video code 97, 3840x2160p 59.94/60 Hz 16:9"),
                 (cea("429004" "6e030c001000004420c00400018002"), "--remove-part cta.video.descriptor[1]",
-                 "differently, first 3D_MASK > Video code 4, 1280x720p 59.94/60 Hz 16:9"),
-                (cea("421061" "e20f02"), "--set cta.video.vic[1]=31", "meaning, first YCbCr 4:2:0 capability map data block > "
+                 "meaning of other parts, such as 3D_MASK > Video code 4, 1280x720p 59.94/60 Hz 16:9"),
+                (cea("421061" "e20f02"), "--set cta.video.vic[1]=31", "meaning of other fields, such as YCbCr 4:2:0 capability map data block > "
                  "Video code 97, 3840x2160p 59.94/60 Hz 16:9; raw: writes it nonetheless"),
                 (IMAGE, "--remove 1680x1050@75", "of this size it has 1680x1050@59.95"),
                 (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50, "
@@ -451,8 +451,8 @@ class Edits(unittest.TestCase):
                     ("--remove-detailed 9", "the image has detailed timings 0 to "),
                     ("--remove-standard 99", "the image has standard timings 0 to "),
                     ("--remove-established 17", "the image has established timings 0 to "),
-                    ("--audio-remove 1", "the image has audio descriptors 0 to 0"),
-                    ("--audio-set 1=ac3,2ch,48", "the image has audio descriptors 0 to 0"),
+                    ("--audio-remove 1", "the image has only number 0 of audio descriptors"),
+                    ("--audio-set 1=ac3,2ch,48", "the image has only number 0 of audio descriptors"),
                     ("--audio-add pcm,1ch,48,16", "the library takes 2 to 8 channels"),
                     ("--color-depth 10", "only a digital input of EDID 1.4 or later has a colour depth"),
                     ("--deep-color 30", "the image has no HDMI data block with deep colour flags"),

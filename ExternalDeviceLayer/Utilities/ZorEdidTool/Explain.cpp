@@ -13,6 +13,7 @@
 #include "CommandLine.h"
 #include "EdidUtils.h"
 #include "EditSet.h"
+#include "ImageModes.h"
 #include "Json.h"
 #include "ManyFiles.h"
 #include "MapJson.h"
@@ -221,20 +222,71 @@ bool HasText(const std::string& sText, const std::string& sPart)
            strcasestr(sText.c_str(), sPart.c_str()) != nullptr; // a part of a size: "x 1080"
 }
 
-// Places and bytes are found by whole words, as a digit or two are in most of them.
-bool HasWords(const std::string& sText, const std::string& sPart)
+// Places and bytes are found by whole words, as a digit or two are in most of them. fnIs(first, end) may refuse one.
+template <class IS>
+bool HasWords(const std::string& sText, const std::string& sPart, const IS& fnIs)
 {
     const auto fnInWord = [&sText](size_t i) {
         return i < sText.size() && isalnum(static_cast<unsigned char>(sText[i])) != 0;
     };
     for (size_t i = sText.find(sPart); i != std::string::npos; i = sText.find(sPart, i + 1))
     {
-        if ((i == 0 || !fnInWord(i - 1)) && !fnInWord(i + sPart.size()))
+        const size_t uiEnd = i + sPart.size();
+        if ((i == 0 || !fnInWord(i - 1)) && !fnInWord(uiEnd) && fnIs(i, uiEnd))
         {
             return true;
         }
     }
     return false;
+}
+
+bool HasWords(const std::string& sText, const std::string& sPart)
+{
+    return HasWords(sText, sPart, [](size_t, size_t) { return true; });
+}
+
+std::string ToLower(std::string sText)
+{
+    std::transform(sText.begin(), sText.end(), sText.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; });
+    return sText;
+}
+
+// Several blanks as one, and none at the ends.
+std::string JoinBlanks(const std::string& sText)
+{
+    std::string sJoined;
+    for (const char c : sText)
+    {
+        const bool bDropped = c == ' ' && (sJoined.empty() || sJoined.back() == ' ');
+        sJoined.append(bDropped ? 0 : 1, c);
+    }
+    return sJoined.substr(0, sJoined.find_last_not_of(' ') + 1);
+}
+
+// What goes from one column of a line into another, such as a whole line, "block 0 17" or "78 Gamma: 2.20". Nothing
+// but digits with one blank between them is bytes by themselves.
+bool HasColumns(const std::vector<std::string>& asColumns, const std::string& sPart)
+{
+    std::string sLine;
+    std::vector<size_t> auiStarts;
+    for (const std::string& sColumn : asColumns)
+    {
+        auiStarts.push_back(sLine.size());
+        sLine += ToLower(CloseSizes(JoinBlanks(sColumn)));
+        sLine += sColumn.empty() ? "" : " ";
+    }
+    constexpr size_t uiPlace = 1; // of the columns: block, place, bytes, name with all after it
+    constexpr size_t uiBytes = 2;
+    constexpr size_t uiName = 3;
+    const bool bPairs = sPart.find_first_not_of("0123456789abcdef ") == std::string::npos;
+    const bool bApart = !bPairs || sPart.find("  ") != std::string::npos;
+    return HasWords(sLine, JoinBlanks(sPart), [&](size_t uiFirst, size_t uiEnd) {
+        const auto fnCrosses = [&](size_t uiColumn) {
+            return uiFirst < auiStarts[uiColumn] && uiEnd > auiStarts[uiColumn];
+        };
+        return fnCrosses(uiName) || (bApart && (fnCrosses(uiPlace) || fnCrosses(uiBytes)));
+    });
 }
 
 // Whether a field, or a group that it lies in, has an id.
@@ -259,14 +311,38 @@ bool HasId(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sId
            (bPoint && (sFull.starts_with(sId + ".") || (eId != eZorEdidField_None && IsIn(oMap, uiField, eId))));
 }
 
+// "HDMI VIC 1", "DMT 52h": a code as the list of modes has it, where the field has it in another form.
+std::string GetListedCode(const CZorEdidMap& oMap, unsigned int uiField)
+{
+    CZorEdidMap::SMode oMode = {};
+    const bool bCode = oMap.GetField(uiField).m_eKind != CZorEdidMap::eKind_Group && oMap.GetMode(uiField, oMode) &&
+                       oMode.m_eKind != SZorMode::eModeKind_Vic;
+    return bCode ? GetCodeMark(oMode) : "";
+}
+
+// Lines are in the tree or alone, with the block and with the groups before the name.
+bool IsAcrossColumns(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sName, const std::string& sSays,
+                     const std::string& sPart)
+{
+    const CFieldBytes aoBytes = GetFieldBytes(oMap, uiField);
+    const bool bBlock = oMap.GetField(uiField).m_uiDepth == 0;
+    std::vector<std::string> asColumns = { bBlock ? "" : GetBlockText(oMap, uiField), GetPlace(oMap, uiField, aoBytes),
+                                           GetBytes(oMap, aoBytes, gsc_uiBytesOfLine), sName + sSays };
+    const bool bInTree = HasColumns(asColumns, sPart);
+    asColumns.back() = GetPath(oMap, uiField) + sSays;
+    return bInTree || HasColumns(asColumns, sPart);
+}
+
 // Looks at the text of the field's line and at its other names. eId is the id with the text sPart.
 bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& sPart, EZorEdidField eId)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
     const auto fnPlain = [](const char*, const std::string& sText) { return sText; };
-    bool bFound = HasId(oMap, uiField, sPart, eId) ||
-                  HasText(GetFieldName(oField) + GetFieldSays(oMap, uiField, fnPlain), sPart) ||
-                  HasText(GetCodeText(oField), sPart) ||
+    const std::string sName = GetFieldName(oField);
+    const std::string sSays = GetFieldSays(oMap, uiField, fnPlain);
+    bool bFound = HasId(oMap, uiField, sPart, eId) || HasText(sName + sSays, sPart) ||
+                  HasText(JoinBlanks(sName + sSays), sPart) || HasText(GetCodeText(oField), sPart) ||
+                  HasText(GetListedCode(oMap, uiField), sPart) ||
                   (oField.m_pszMeaning != nullptr && HasText(oField.m_pszMeaning, sPart));
     if (!bFound)
     {
@@ -278,7 +354,7 @@ bool Matches(const CZorEdidMap& oMap, unsigned int uiField, const std::string& s
     {
         bFound = bFound || HasText(GetTimingNumber(oField, i), sPart);
     }
-    return bFound;
+    return bFound || (sPart.find(' ') != std::string::npos && IsAcrossColumns(oMap, uiField, sName, sSays, sPart));
 }
 
 struct SAsked
@@ -321,9 +397,7 @@ SAsked FindFields(const CZorEdidMap& oMap, const SExplainOptions& oOptions)
         return bNumber ? uiOnly <= uiField && uiField < oMap.GetField(uiOnly).m_uiEnd
                        : IsIn(oMap, uiField, oOptions.m_eAt);
     };
-    std::string sPart = CloseSizes(oOptions.m_sFind);
-    std::transform(sPart.begin(), sPart.end(), sPart.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }); // as ids are
+    const std::string sPart = ToLower(CloseSizes(oOptions.m_sFind)); // as ids are
     const EZorEdidField eFind = CZorEdidMap::FindId(sPart.c_str());
     SAsked oAsked;
     for (const unsigned int uiField : OrderByPlace(oMap))

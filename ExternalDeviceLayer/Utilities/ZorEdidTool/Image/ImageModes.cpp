@@ -306,6 +306,14 @@ std::string GetSourceText(const SModeRow& oRow)
     return oRow.GetBlock() == 0 ? sKind : sKind + FormatText(", block %u", oRow.GetBlock());
 }
 
+std::string GetCodeMark(const SZorMode& oMode)
+{
+    return oMode.m_eKind == SZorMode::eModeKind_Vic       ? FormatText("VIC %u", oMode.m_uiCode)
+           : oMode.m_eKind == SZorMode::eModeKind_HdmiVic ? FormatText("HDMI VIC %u", oMode.m_uiCode)
+           : oMode.m_eKind == SZorMode::eModeKind_Dmt     ? FormatText("DMT %02Xh", oMode.m_uiCode)
+                                                          : "";
+}
+
 std::vector<std::string> ListMarks(const SModeRow& oRow)
 {
     const SZorMode& oMode = oRow.m_oMode;
@@ -317,9 +325,8 @@ std::vector<std::string> ListMarks(const SModeRow& oRow)
             asMarks.push_back(sMark);
         }
     };
-    fnAdd(oMode.m_eKind == SZorMode::eModeKind_Vic, FormatText("VIC %u", oMode.m_uiCode));
-    fnAdd(oMode.m_eKind == SZorMode::eModeKind_HdmiVic, FormatText("HDMI VIC %u", oMode.m_uiCode));
-    fnAdd(oMode.m_eKind == SZorMode::eModeKind_Dmt, FormatText("DMT %02Xh", oMode.m_uiCode));
+    const std::string sCode = GetCodeMark(oMode);
+    fnAdd(!sCode.empty(), sCode);
     const bool bCode = oMode.m_eKind == SZorMode::eModeKind_Vic || oMode.m_eKind == SZorMode::eModeKind_HdmiVic;
     const SVics oVics = bCode || !oMode.m_bTiming ? SVics() : FindExactVics(oMode);
     fnAdd(!oVics.m_auiCodes.empty(), "as " + GetVicsText(oVics));

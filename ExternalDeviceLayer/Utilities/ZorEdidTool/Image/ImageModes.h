@@ -77,6 +77,9 @@ double GetRate(const SZorMode& oMode);
 // Where a row comes from, the same for all rows of a kind and block: "Established timings", "Video codes, block 1".
 std::string GetSourceText(const SModeRow& oRow);
 
+// "VIC 16", "HDMI VIC 1", "DMT 52h"; empty for a mode without a code.
+std::string GetCodeMark(const SZorMode& oMode);
+
 // What is to be known of a mode besides its numbers: "VIC 118", "native", "4:2:0 only"; in this order.
 std::vector<std::string> ListMarks(const SModeRow& oRow);
 

@@ -180,10 +180,21 @@ class ExplainTest(ToolTest):
                 found = [re.sub(" +", " ", line) + " " for line in lines]
                 missing = [place for place in expected if not any(line.startswith(place + " ") for line in found)]
                 self.assertEqual([], missing, (name, word))
+            tree = run("explain", path, status=0)[0].splitlines()
+            for line in [line for line in tree if line[:1].strip() and line[41:].strip()][::4 * step]:
+                for text in (line, re.sub(" +", " ", line)):
+                    lines = run("explain", "--find=" + text, path, status=0)[0].splitlines()
+                    self.assertIn(re.sub("^block . ", "", lines[0]).split()[0], line, (name, text))
         self.assertEqual([line.split()[2] for line in self.lines("--find", "00 21 times")], ["6a-7e"])
         self.assertEqual([line.split()[2] for line in self.lines("--find", "02 3A")], ["36-37"])
         self.assertEqual([line.split()[2] for line in self.lines("--find", "40.7-4")], ["40.7-4"])
         self.assertEqual(len(self.lines("--find", "block 1")), 1)
+        # From one column into another: pairs of digits with one blank between them are bytes.
+        for text, count in (("block 0 17", 1), ("17  78", 1), ("17 78", 0), ("78 Basic display", 1), ("14.7 80", 1)):
+            self.assertEqual(count, len(self.lines("--find", text, status=0 if count else 1)), text)
+        hdmi = with_blocks(bytes.fromhex("02031000 6b 030c00 0000 00 00 20 00 20 02"))  # one code of HDMI
+        self.assertEqual([line.split(" > ")[-1] for line in self.lines("--find", "HDMI VIC 2", image=hdmi)],
+                         ["HDMI_VIC: 2, 3840x2160p 25 Hz 16:9  (standard 7)"])
 
     def test_every_bit_has_one_leaf_whatever_the_image(self):
         images = dict(IMAGES)

@@ -135,7 +135,8 @@ void NoteOlderDemands(CFieldEdits& oFields, CZorEdidFacts::ELink eLink)
     }
     if (oFields.GetNumber(eZorEdidField_CtaRevision) < Cta::gsc_uiHighestRevision)
     {
-        oFields.Note("HDMI asks for a CTA-861 block of revision 3 as the first extension block, which has another one");
+        oFields.Note(
+            "HDMI asks for a CTA-861 block of revision 3 as the first extension block; the image has another one");
     }
 }
 
@@ -310,7 +311,7 @@ std::string Put420(CFieldEdits& oFields, unsigned int uiVic)
     const unsigned int uiBit = 1U << uiCode % uiBits;
     if (bAll || (aui8Map[uiCode / uiBits] & uiBit) != 0)
     {
-        oFields.Note(FormatText("VIC %u is 4:2:0 as well already", uiVic));
+        oFields.Note(FormatText("VIC %u is announced in 4:2:0 as well already", uiVic));
         return "";
     }
     aui8Map[uiCode / uiBits] = static_cast<unsigned char>(aui8Map[uiCode / uiBits] | uiBit);

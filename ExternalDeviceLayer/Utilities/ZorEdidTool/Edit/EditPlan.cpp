@@ -254,7 +254,8 @@ std::string ParseTiming(const std::string& sText, SEdit& oEdit)
     SAskedMode oMode;
     if (asFields.size() > 2 || !ParseMode(asFields[0], oMode))
     {
-        return "'" + sText + "' is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
+        return "'" + sText + "' is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz " +
+               "(--add-mode WxH@R,preferred takes others)";
     }
     const bool bTyped = asFields.size() == 2;
     if (!bTyped)

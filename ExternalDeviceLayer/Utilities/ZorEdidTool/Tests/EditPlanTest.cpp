@@ -105,7 +105,8 @@ TEST(EditPlan, AudioDescriptors)
 TEST(EditPlan, RefusalsHaveTheirReason)
 {
     const std::string sNumber = " is not a number from 0 to 4294967295";
-    const std::string sMode = " is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz";
+    const std::string sMode = " is not a mode such as 1920x1080@60 or 1920x1080@60,cvt-rb, with a whole number of Hz "
+                              "(--add-mode WxH@R,preferred takes others)";
     const std::string sClock = " has no timing with a pixel clock of at most 4294967295 Hz";
     const std::string sAudio = " is not FORMAT,CHANNELS,RATES,DEPTHS or FORMAT,CHANNELS,RATES,BITRATE such as "
                                "pcm,2ch,32+44.1+48,16+20+24 or ac3,6ch,48,640kbps";

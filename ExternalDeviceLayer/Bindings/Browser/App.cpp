@@ -59,7 +59,7 @@ std::vector<unsigned char> ToBytes(std::string_view sBytes) { return { sBytes.be
 
 std::string ToText(const unsigned char* pui8Bytes, size_t uiCount) { return { pui8Bytes, pui8Bytes + uiCount }; }
 
-// False for bytes that are none, and for a field that they do not have.
+// False for a text that is not bytes, and for a field that the bytes do not have.
 bool ReadField(const std::string& sImage, const std::string& sField, CZorEdidWriter& oWriter, unsigned int& uiField)
 {
     const std::vector<unsigned char> aui8Image = ToBytes(sImage);

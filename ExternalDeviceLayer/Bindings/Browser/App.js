@@ -340,7 +340,7 @@
 
   const dialog = one("#editing");
   let edited = null;
-  // False for what is no field.
+  // False for anything but a field.
   const edit = place => {
     if (!place) return false;
     edited = place;

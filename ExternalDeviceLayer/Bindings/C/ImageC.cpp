@@ -19,7 +19,7 @@ struct zoredid_image
 
 namespace
 {
-constexpr size_t gsc_uiMostOfFile = 16U << 20; // what has more is no file of EDIDs, or a device without an end
+constexpr size_t gsc_uiMostOfFile = 16U << 20; // anything larger is not a file of EDIDs, or is a device without an end
 
 size_t GetEnd(const zoredid_image& oImage, size_t uiBegin)
 {

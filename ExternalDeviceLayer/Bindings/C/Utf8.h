@@ -9,7 +9,7 @@ namespace ZorC
 {
 inline constexpr size_t gsc_uiMostUtf8 = 3; // bytes of a character of code page 437
 
-// The library's texts have '.' for a byte that is no printable ASCII. Gives those beyond ASCII as the characters of
+// The library's texts have '.' for a byte that is not printable ASCII. Gives those beyond ASCII as the characters of
 // code page 437 that they are; pui8Bytes are the bytes of the text, at least as many. Writes at most gsc_uiMostUtf8
 // bytes a character and a NUL, and returns the bytes without it.
 size_t ToUtf8(const char* pszText, size_t uiLength, const unsigned char* pui8Bytes, char* pszUtf8);

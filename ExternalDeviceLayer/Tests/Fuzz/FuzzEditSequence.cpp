@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
             Require(false, sBroken.c_str());
         }
     }
-    // One in sixteen is read in full: what edits leave behind must be as safe as what is loaded.
+    // One in sixteen is read in full: what edits leave must be as safe as what is loaded.
     if (uiSize % 16 == 0)
     {
         ReadEverything(oRunner.GetEdid());

@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pui8Data, size_t uiSize)
         const CTemporaryFile oFile(bRaw ? ".bin" : ".dat", pui8Data, uiSize);
         const int iDescriptor = GetNextDescriptor();
         CZorEdidUtils::CByteArray aui8Loaded;
-        aui8Loaded.Add(0x55); // what stood there goes
+        aui8Loaded.Add(0x55); // is replaced
         const bool bLoaded = CZorEdidUtils::ExtractEdidFromFile(CMString(oFile.GetPath()), aui8Loaded) != 0;
         Require(GetNextDescriptor() == iDescriptor, "a file is closed");
         Require(!bRaw || bLoaded == (uiSize != 0), "a raw file loads unless it is empty");

@@ -48,8 +48,8 @@ public:
 
     const CMap& GetMap() const { return m_oMap; }
     const CZorEdidFacts& GetFacts() const { return m_oFacts; }
-    // Bytes after a data block that its CTA-861 block cuts: byte 2 of the block points into it, so that what is read
-    // from there on as timings is none.
+    // Bytes after a data block that its CTA-861 block cuts: byte 2 of the block points into it, so that what follows
+    // is not timings.
     bool IsMisread(unsigned int uiOffset) const
     {
         const unsigned int* puiFirst = m_auiMisread.GetData();

@@ -215,7 +215,7 @@ private:
     bool m_bWrongToo = false;
 };
 
-// Whether the header is right now, or there is none to look at. Without it the base block is damaged, and only its
+// Whether the header is right now, or the image has none. Without it the base block is damaged, and only its
 // checksum shows how.
 bool RepairHeader(const SWork& oWork)
 {

@@ -49,7 +49,7 @@ void WalkCtaData(const SPart& oBlocks, VISITOR& oVisitor)
     }
 }
 
-// VisitCta(block) first, then the data blocks, then VisitDescriptor(18 bytes) up to the first that is none.
+// VisitCta(block) first, then the data blocks, then VisitDescriptor(18 bytes) up to the first that is not a timing.
 template <class VISITOR>
 void WalkCta(const SPart& oBlock, VISITOR& oVisitor)
 {

@@ -148,7 +148,7 @@ bool CReader::MakeText(CFacts::SText& oText, const SBytes& oBytes)
 {
     constexpr unsigned char ui8FirstAfterAscii = 0x7F;
     const unsigned int uiMost = std::min(oBytes.m_uiSize, CFacts::SText::msc_uiMost);
-    unsigned int uiLength = 0; // up to the last one that is no space
+    unsigned int uiLength = 0; // up to the last character other than a space
     for (unsigned int i = 0; i < uiMost && oBytes.m_pui8Bytes[i] != 0; ++i)
     {
         const unsigned char ui8One = oBytes.m_pui8Bytes[i];

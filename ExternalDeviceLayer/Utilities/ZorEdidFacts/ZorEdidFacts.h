@@ -253,7 +253,7 @@ public:
         eRefreshSource_DynamicRange, ///< DisplayID 2.0, seamless
         eRefreshSource_RangeLimits   ///< of a continuous frequency display, of EDID 1.4 or DisplayID 1
     };
-    /// Of several ranges a source takes the one that comes first here. Range limits are none that it may use unasked.
+    /// Of several ranges a source takes the one that comes first here. It may not use range limits unasked.
     static constexpr ERefreshSource msc_aeBestRefresh[] = { eRefreshSource_HdmiForum, eRefreshSource_AdaptiveSync,
                                                             eRefreshSource_Amd, eRefreshSource_DynamicRange };
     /// A range of refresh rates within which a source may vary the rate.
@@ -501,7 +501,7 @@ public:
         /// colour type 0, which mean it, on displays with primaries, YCbCr or HDMI.
         bool IsMonochrome() const;
 
-        /// The colours that the display shows without being told otherwise: those of sRGB where the base block says
+        /// The colours that the display shows by default: those of sRGB where the base block says
         /// that sRGB is the default, else m_oPrimaries, m_oWhite, m_oGamma; 0 for what is not said.
         SPrimaries GetDefaultPrimaries() const;
         SPoint GetDefaultWhite() const;

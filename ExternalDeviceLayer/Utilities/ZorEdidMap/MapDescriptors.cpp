@@ -155,7 +155,7 @@ constexpr STable gsc_oStringTable = { eId_BaseString, "Alphanumeric data string"
 constexpr STable gsc_oNameTable = { eId_BaseName, "Display product name", eArea_Identity, {}, FormatText };
 
 // Of the text alone. One that fills its 13 bytes needs no line feed; more than half of it blank, it is a shorter one
-// that lacks its line feed; all of it blank, it is none.
+// that lacks its line feed; all of it blank, it is empty.
 SBreach CheckText(const CRecord& oRecord, unsigned int)
 {
     for (unsigned int i = 0; i < oRecord.GetSize(); ++i)

@@ -18,7 +18,7 @@ struct SRawChoice
     CMString m_oReason; // why none is found, with what is allowed
 };
 
-// Of a leaf with a row whose place is no run.
+// Of a leaf with a row whose place is not a run.
 SRawChoice ChooseRaw(const SMapContent& oMap, unsigned int uiField, const char* pszValue);
 
 // The names that are accepted of such a leaf, in the order of their raw values, each once. Of a leaf of more than 16

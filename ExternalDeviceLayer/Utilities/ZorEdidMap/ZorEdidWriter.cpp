@@ -42,7 +42,7 @@ bool IsBytesInRow(const SMapContent& oMap, const CField& oField)
 
 // ---- What the bits are to be ----
 
-// One way to write a leaf: the new bytes of the image, or why there are none.
+// One way to write a leaf: the new bytes of the image, or the reason of a refusal.
 struct SDraft
 {
     CImageBytes m_aui8Image;

@@ -72,7 +72,7 @@ std::string ReadDocuments(const std::string& sFile, unsigned int uiWanted, CDocu
                                  : "";
 }
 
-// Images that stood one after the other in a file, put there again. Empty, or why that cannot be.
+// Puts the images of a file together again. Empty, or why that is impossible.
 std::string JoinImages(const CDocuments& aoDocuments, CBytes& aui8File)
 {
     std::vector<bool> abTaken;

@@ -42,7 +42,7 @@ std::vector<SEdit> ListEdits(const COptions& oCommand)
 struct SEdited
 {
     CBytes m_aui8Bytes;
-    std::string m_sProblem = {}; // why there are none
+    std::string m_sProblem = {}; // why the bytes are missing
     std::string m_sUnread = {};  // of a refused edit: the blocks that it did not find what it wanted in
     std::vector<std::string> m_asNotes = {};
     EExit m_eExit = eExit_Finding;

@@ -67,8 +67,8 @@ int CZorEdidUtils::ExtractEdidFromFile(CMString oPath, CByteArray& oData)
 
 namespace
 {
-// Size in bytes, with the file rewound; 0 where there is none that an array could hold. A folder opens for reading and
-// gives LONG_MAX.
+// Size in bytes, with the file rewound; 0 for an empty file and for more than an array can hold. A folder opens
+// for reading and gives LONG_MAX.
 unsigned int GetFileSize(FILE* poFile)
 {
     fseek(poFile, 0, SEEK_END);

@@ -45,7 +45,7 @@ bool EndsFileWithoutLineFeed(FILE* poFile, const char (&szLine)[gsc_iLineBufferS
     return iNext == EOF;
 }
 
-// Reads up to and with the marker line. False when there is none, or it ends the file without a line feed.
+// Reads up to and with the marker line. False without one, and when it ends the file without a line feed.
 bool SkipToTable(FILE* poFile)
 {
     char szLine[gsc_iLineBufferSize];

@@ -25,7 +25,7 @@ void RemovePiece(CPieces& aoPieces, unsigned int uiPlace);
 struct SItems
 {
     unsigned int m_uiFirst;
-    unsigned int m_uiSize; // 0: the data block is no list of items
+    unsigned int m_uiSize; // 0: the data block is not a list of items
 
     unsigned int Count(const SPiece& oDataBlock) const
     {

@@ -512,7 +512,7 @@ CMString CMakerPlan::Place(SPlannedMode& oMode, bool bPreferred) const
     }
     CDetailedBytes aui8Detailed;
     CType1Bytes aui8Type1;
-    // A code stands for both of its rates. A detailed timing beside it takes whichever of them it meets and adds no
+    // A code means both of its rates. A detailed timing beside it takes whichever of them it meets and adds no
     // third, unless a rate that is not whole is wished, which is then within a step of the clock.
     SZorMode oPartner = {};
     if (oMode.m_uiCode != 0 && !IsWholeClock(oMode.m_oTiming) && !oMode.IsWishedFraction() &&

@@ -25,7 +25,7 @@ struct SPlannedMode
     bool m_bFallback = false;
 
     bool Allows420() const;        // HDMI has it in YCbCr 4:2:0
-    bool IsWishedFraction() const; // its rate is no whole one: that of the wish, or of the code nearest to it
+    bool IsWishedFraction() const; // its rate is a fraction: that of the wish, or of the code nearest to it
 };
 
 } // namespace ZorWrite
@@ -52,7 +52,7 @@ public:
     // bAudio: there is audio that the wishes do not name.
     CMakerPlan(const SZorEdidWishes& oWishes, bool bAudio) : m_oWishes(oWishes), m_bAudio(bAudio) {}
 
-    // Empty, or why there is no such display.
+    // Empty, or why such a display is impossible.
     CMString Make();
 
     const SZorEdidWishes& GetWishes() const { return m_oWishes; }

@@ -1,5 +1,5 @@
-// Wishes that are wrong by themselves, whatever else is wished. Private to the library and the command, which takes them
-// for a wrong command line.
+// Wishes that are wrong by themselves, whatever else is wished. Private to the library and the command, which takes
+// them for a wrong command line.
 
 #pragma once
 

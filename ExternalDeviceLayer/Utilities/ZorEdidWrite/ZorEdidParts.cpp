@@ -526,7 +526,7 @@ bool CPartsEdit::IsFor(unsigned int uiBlock, const SNewPart& oNew) const
            (oNew.m_eId != eZorEdidField_CtaExtensionOverride || uiBlock == 1);
 }
 
-// False for an id that is no data block, and for one of the other version of DisplayID.
+// False for an id that is not a data block, and for a data block of the other version of DisplayID.
 bool CPartsEdit::MakeDataBlock(EZorEdidField eId, unsigned int uiLength, const unsigned char* pui8Payload,
                                const SWhere& oWhere, unsigned int uiVersion, SNewPart& oNew)
 {
@@ -900,7 +900,7 @@ void CPartsEdit::RemoveItemOf(CBlockParts& oBlock, const SPart& oPart)
     m_oNamed.m_aoBefore.Add(oPart.m_oRange);
 }
 
-// From the last item to the first, so that those ahead stay where they were found. A block is put together once.
+// From the last item to the first, so that earlier ones stay where they were found. A block is put together once.
 int CPartsEdit::RemoveItems(unsigned int uiCount, const unsigned int* puiFields)
 {
     CMArray<SPart, const SPart&> aoParts;

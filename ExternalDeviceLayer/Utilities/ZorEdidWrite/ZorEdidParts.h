@@ -48,7 +48,7 @@ public:
         CMString m_oReason;            ///< of a refusal
         unsigned int m_uiLacking = 0;  ///< of a refusal for want of room: the bytes that lack
         CFields m_auiRemovable;        ///< then: parts that each leave room enough when they go, in the present map;
-                                       ///< the preferred timing is none of them
+                                       ///< never the preferred timing
     };
 
     CZorEdidParts() = default;

@@ -100,7 +100,7 @@ SDistance MeasureDistance(const SZorMode::SRate& oRate, const SZorMode::SRate& o
 }
 
 // Is given the modes of tables and keeps the nearest one, of equally near ones the first. What has the wished rate, by
-// its clock or by its name, is no distance away.
+// its clock or by its name, has a distance of 0.
 class CNearestOfTables
 {
 public:

@@ -1,14 +1,14 @@
-// The one guard macro of the library. A guard reports and goes on: it never stops the program.
-//
-// Use it after a test that has already failed, then return the function's own refusal value:
-//
-//     if (pui8Data == nullptr)
-//     {
-//         MASSERT_FAILED();
-//         return 0;
-//     }
-//
-// It writes "FILE(LINE) Assertion failed" as an error line on standard output, with the bare file name.
+/// The one guard macro of the library. A guard reports and goes on: it never stops the program.
+///
+/// Use it after a test that has already failed, then return the function's own refusal value:
+///
+///     if (pui8Data == nullptr)
+///     {
+///         MASSERT_FAILED();
+///         return 0;
+///     }
+///
+/// It writes "FILE(LINE) Assertion failed" as an error line on standard output, with the bare file name.
 
 #pragma once
 

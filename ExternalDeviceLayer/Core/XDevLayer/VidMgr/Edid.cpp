@@ -80,7 +80,7 @@ void AppendOrigins(const ExtensionList& aoExtensions, unsigned int uiFirst, COUN
     {
         CTimingOrigins aoOfBlock;
         (aoExtensions[i]->*pfnList)(aoOfBlock);
-        // Room for all of the block and half of those ahead of it: hundreds of blocks do not move the list at each one.
+        // Room for all of the block and half of those before it: hundreds of blocks do not move the list at each one.
         const unsigned int uiStep = aoOfBlock.GetCount() + aoOrigins.GetCount() / 2;
         aoOrigins.SetSize(static_cast<int>(aoOrigins.GetCount()), static_cast<int>(uiStep));
         for (unsigned int j = 0; j < aoOfBlock.GetCount(); ++j)

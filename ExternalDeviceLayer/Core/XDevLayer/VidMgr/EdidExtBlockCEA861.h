@@ -70,7 +70,7 @@ public:
         eRemoval_Possible = 0,
         eRemoval_Damaged = 1,     ///< the data blocks do not end where the descriptors begin
         eRemoval_3dFields = 2,    ///< HDMI's 3D fields break off, or hold for each of the first 16 of more codes
-        eRemoval_NoCode = 3,      ///< there is none, or only a YCbCr 4:2:0 video block has it
+        eRemoval_NoCode = 3,      ///< no block has it, or only a YCbCr 4:2:0 video block has it
         eRemoval_Descriptors = 4, ///< bytes after the last descriptor would become another one
     };
 

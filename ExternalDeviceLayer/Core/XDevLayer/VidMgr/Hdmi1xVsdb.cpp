@@ -24,7 +24,7 @@ constexpr unsigned int gsc_uiLongestPayload = Cta::gsc_uiMostPayload;
 constexpr unsigned int gsc_uiDepthsEnd = gsc_uiFieldsOffset + gsc_oDeepColours.GetEnd();
 constexpr unsigned int gsc_uiIndexedCodes = 16; // by the 3D data
 
-// Where the 3D data are, as offsets in the payload; equal ones when there are none.
+// Where the 3D data are, as offsets in the payload; equal offsets without any.
 struct S3dFields
 {
     unsigned int m_uiMask;    // 3D_MASK, where there is one
@@ -38,7 +38,7 @@ unsigned int GetEntrySize(const unsigned char* pui8Entry)
     return gsc_oStructure.Read(pui8Entry) >= gsc_uiFirstWithDetail ? 2 : 1;
 }
 
-// False when they run past the payload or break off. 3D data of which not one byte is there are none.
+// False when they run past the payload or break off. 3D data without a single byte count as absent.
 bool Find3dFields(unsigned int uiLength, const unsigned char* pui8Payload, S3dFields& oFields)
 {
     oFields = {};

@@ -34,13 +34,13 @@ public:
     // null payload report an assertion failure and give 0.
     static int IsSupported(unsigned int uiLength, const unsigned char* pui8Payload);
 
-    // Lists the HDMI VICs as CEA VICs, in block order; unknown ones are passed over. A VIC count that runs past the
-    // payload gives no VICs at all. Returns the count of the list.
+    // Lists the HDMI VICs as VICs of CTA-861, in block order; unknown ones are passed over. A VIC count that runs past
+    // the payload gives no VICs at all. Returns the count of the list.
     unsigned int ExtractTimings();
-    // The CEA VIC at this index of the list; 0 at and above its end.
+    // The CTA-861 VIC at this index of the list; 0 at and above its end.
     unsigned int EnumCea861Vic(unsigned int uiIndex) const;
-    // Takes the first HDMI VIC of this CEA VIC out of the bytes and closes the gap in the VIC list; the 3D
-    // data stays in its place. 1 when one was removed, else 0 with no byte changed.
+    // Takes the first HDMI VIC of this VIC out of the bytes and closes the gap in the VIC list; the 3D data
+    // stays in its place. 1 when one was removed, else 0 with no byte changed.
     int RemoveCea861Vic(unsigned int uiVic);
 
     // Where the HDMI VICs of a payload are, for a reader that wants no list of them; offsets from its first byte. All
@@ -63,7 +63,7 @@ public:
     static int RemoveFrom3d(unsigned int uiLength, unsigned char* pui8Payload, unsigned int uiPosition,
                             unsigned int uiCodes, unsigned int& uiFreed);
 
-    // HDMI VIC 1 to 4 to CEA VIC. Other values give 0 and leave ui8CeaVic.
+    // HDMI VIC 1 to 4 to the VIC of CTA-861. Other values give 0 and leave ui8CeaVic.
     static int ConvertHdmiVicToCeaVic(unsigned char ui8HdmiVic, unsigned char& ui8CeaVic);
 
     // Deep colour support. Bit 0: 30-bit, bit 1: 36-bit, bit 2: 48-bit. A null payload, or one too short for the byte,

@@ -263,7 +263,7 @@ TEST(InterfaceForC, FaultsAreFoundAndRepaired)
     }
 }
 
-// Each wish reaches its own place; what cannot be is refused, or is no wish.
+// Each wish reaches its own place; impossible values are refused, or are not taken as a wish.
 TEST(InterfaceForC, MakesAnImageOfWishes)
 {
     static constexpr struct

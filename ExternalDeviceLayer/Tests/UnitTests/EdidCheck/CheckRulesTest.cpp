@@ -169,7 +169,7 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
 constexpr char gsc_szVgaTiming[] = "D5 09 80 A0 20 E0 2D 10 10 60 A2 00 00*6";    // 25.17 MHz, 59.94 Hz
 constexpr char gsc_szUhdTiming[] = "08 E8 00 30 F2 70 5A 80 B0 58 8A 00 00*5 1E"; // VIC 97, 594 MHz
 
-// What looks like a fault and is none.
+// What only looks like a fault.
 TEST(CheckRules, NoFalseAlarms)
 {
     const CBytes aui8Vga = With(MakeImage("41 10"), 0x48, gsc_szVgaTiming);
@@ -196,7 +196,7 @@ TEST(CheckRules, NoFalseAlarms)
         EXPECT_EQ(bRounded ? CZorEdidMap::eSeverity_Note : CZorEdidMap::eSeverity_Warning,
                   FindSeverity(With(aui8Limits, 0x13, "03"), eZorEdidRule_RangePixelClock));
     }
-    // A rate of 0 in the data block of the HDMI Forum is no FRL; bytes after it that say something are of HDMI 2.1.
+    // A rate of 0 in the data block of the HDMI Forum means no FRL; bytes after it that say something are of HDMI 2.1.
     EXPECT_EQ(0U, ListRules(MakeImage(gsc_szUhdTmds)).count(eZorEdidRule_UhdVicMissing));
     const char* const pszUhdVrr = "42 61 01 67 03 0C 00 10 00 00 78 6A D8 5D C4 01 78 00 00 00 28 00";
     EXPECT_EQ(1U, ListRules(MakeImage(pszUhdVrr)).count(eZorEdidRule_UhdVicMissing));
@@ -243,7 +243,7 @@ TEST(CheckRules, SpeakersOfTheRoom)
     EXPECT_EQ(0U, ListRules(MakeImage("41 01 E8 13 40 01 00*6")).count(eZorEdidRule_RoomContradicts));
 }
 
-// The largest value of the bytes is no limit; one below it is.
+// The largest value of the bytes means no limit; the one below it is a limit.
 TEST(CheckRules, LargestLimitsAreOpen)
 {
     constexpr unsigned int uiRevision = 0x13;

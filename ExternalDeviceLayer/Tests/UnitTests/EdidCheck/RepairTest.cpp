@@ -131,7 +131,7 @@ std::vector<EZorEdidRule> ListWithheld(const CZorEdidRepair& oRepair)
     return aeRules;
 }
 
-// What a block that is counted now has against it is no reason not to count it; and who ignores a rule keeps its fault,
+// Findings in a block do not keep it from being counted; a rule that is ignored keeps its fault,
 // but gets right sums for what else is repaired.
 TEST(Repair, WhatIsLeft)
 {

@@ -86,7 +86,7 @@ TEST(Facts, BaseBlock)
     EXPECT_FLOAT_EQ(2.2F, oFacts.GetColour().m_oGamma.m_oValue);
 }
 
-// Of HDMI's Image_Size: a ratio only is no size, units of 5 cm are five times as long.
+// Of HDMI's Image_Size: a mere ratio is not a size, units of 5 cm are five times as long.
 TEST(Facts, ImageSizeOfHdmi)
 {
     const auto fnSize = [](unsigned char ui8Image) {

@@ -54,7 +54,7 @@ std::vector<CBytes> ListMoreImages()
     return aaui8Images;
 }
 
-// Where one byte does not tell a near miss: whole images that break the rule, and that nearly do.
+// Near misses that take more than one byte: whole images that break the rule, and that nearly do.
 struct SPair
 {
     EZorEdidRule m_eRule;

@@ -101,7 +101,7 @@ TEST_F(Map, TakesAnySize)
     EXPECT_EQ(1, oMap.Read(gsc_uiBlockSize, oMap.GetData() + gsc_uiBlockSize));
     EXPECT_EQ(0, memcmp(oMap.GetData(), aui8Monitor.data() + gsc_uiBlockSize, gsc_uiBlockSize));
 
-    // 256 blocks and three bytes that are none.
+    // 256 blocks and three bytes more.
     CBytes aui8Image = MakeEdid({});
     aui8Image[0x7E] = 255;
     aui8Image.resize(256 * gsc_uiBlockSize + 3, 0xF0);

@@ -123,7 +123,7 @@ TEST(ModeLists, WhoHasAPreferredMode)
 
 TEST(ModeLists, GetterThatFailsBelowItsCountLeavesWhatWasFoundUnsorted)
 {
-    // The list of usable standard slots is derived at loading: a pair that is emptied behind its back fails when asked.
+    // The list of usable standard slots is derived at loading: a pair that is emptied later fails when asked for.
     const auto poEdid = Load("asus");
     const_cast<unsigned char*>(poEdid->GetBaseBlock())[38 + 4] = 1;
     SModes oModes;

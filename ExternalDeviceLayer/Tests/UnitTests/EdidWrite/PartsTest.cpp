@@ -250,7 +250,7 @@ TEST_F(Parts, WhatIsAddedGoesAgain)
     }
 }
 
-// They say their own length: a data block of shorter ones is no place for a longer one.
+// They say their own length: a data block of shorter ones cannot take a longer one.
 TEST_F(Parts, Type6TimingsOfAnotherLengthStandApart)
 {
     CZorEdidParts oParts;

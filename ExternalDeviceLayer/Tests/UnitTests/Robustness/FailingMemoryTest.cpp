@@ -161,7 +161,7 @@ protected:
     }
 
     // An edit that runs out of memory has done its work on the bytes or not begun it, and every checksum holds; the
-    // lists may be behind, and loading the bytes again mends them.
+    // lists may be out of date until the bytes are loaded again.
     void RunEdit(const SEditStep& oStep)
     {
         SCOPED_TRACE(testing::Message() << "operation " << oStep.m_uiOperation << ", index " << oStep.m_uiIndex);

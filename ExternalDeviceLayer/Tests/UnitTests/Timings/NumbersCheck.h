@@ -59,7 +59,7 @@ private:
     }
 
     // The class in hertz truncates kilohertz; that in kilohertz rounds hertz and has no number for some sources. What
-    // is multiplied wraps. Assignment between them goes through hertz, and nothing stays of what stood there.
+    // is multiplied wraps. Assignment between them goes through hertz, and overwrites every number.
     void CheckTimings(const CNumbers& aui)
     {
         CAllValues auiSet(aui.begin(), aui.end());

@@ -157,7 +157,7 @@ TEST(FrontDoor, EachTypeAsksItsOwnSource)
         const CAllValues auiRow = oRow.GetNumbers(2);
         const EType eType = static_cast<EType>(auiRow.back());
         const bool bRefused = auiRow.size() < gsc_auiCleared.size();
-        CVidParamTimingGeneric oTiming(gsc_oMarked); // what stood there before is cleared, or stays
+        CVidParamTimingGeneric oTiming(gsc_oMarked); // its old values are cleared, or stay
         CRecordingTiming oRecording;
         for (CVidParamTiming* poTiming : std::initializer_list<CVidParamTiming*>{ &oTiming, &oRecording })
         {

@@ -10,7 +10,7 @@
 struct SBuilt
 {
     std::vector<unsigned char> m_aui8Bytes = {};
-    std::string m_sProblem = {}; // why there is none: the field and the reason
+    std::string m_sProblem = {}; // why the image is missing: the field and the reason
     std::vector<std::string> m_asNotes = {};
 };
 

@@ -78,7 +78,7 @@ struct SEditedBlock
     unsigned int m_uiDetaileds = 0;
     unsigned int m_uiAudios = 0;
     CPresent m_aiStandards; // good for the ordinary timings, which come before those in YCbCr 4:2:0
-    CPresent m_aiDetaileds; // from m_uiDetaileds on those that stood after another descriptor
+    CPresent m_aiDetaileds; // from m_uiDetaileds on those that followed another descriptor
     CPresent m_aiAudios;
     CTimingOrigins m_aoOrigins; // of the standard timings at reading
 };

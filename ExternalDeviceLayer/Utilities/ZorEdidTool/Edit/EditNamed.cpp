@@ -223,7 +223,7 @@ constexpr EZorEdidField gsc_aeChromaticities[] = {
     eZorEdidField_BaseChromaticityWhiteX, eZorEdidField_BaseChromaticityWhiteY,
 };
 
-// x and y of a point. What is no number is refused by the field.
+// x and y of a point. The field refuses what is not a number.
 bool IsColor(const std::string& sX, const std::string& sY)
 {
     constexpr double dMost = 1.000001; // decimals have no exact sum

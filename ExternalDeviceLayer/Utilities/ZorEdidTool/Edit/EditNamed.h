@@ -20,7 +20,7 @@ void FollowWithLimits(CFieldEdits& oFields, const std::vector<SZorMode>& aoModes
 // The same for what a video code means.
 void FollowWithLimitsOfVic(CFieldEdits& oFields, unsigned int uiVic);
 // The place of a code among the short video descriptors of video data blocks, as the 4:2:0 capability map counts them.
-// False where it is none of them.
+// False for a code that they do not have.
 bool FindCode(const CZorEdidMap& oMap, unsigned int uiVic, unsigned int& uiPlace);
 bool Is420Only(const CZorEdidMap& oMap, unsigned int uiVic);
 

@@ -31,7 +31,7 @@ unsigned int FindPlaceField(const CZorEdidMap& oMap, const SZorImageMode& oPlace
 // "block 1: Video data block > Short video descriptor 3", each once, joined by commas.
 std::string NamePlaces(const CBytes& aui8Image, const CPlaces& aoPlaces);
 
-// Why there is nothing to remove, with the modes of the same size that are there.
+// Why nothing is removed, with the modes of the same size that the image has.
 std::string RefuseMissing(const CBytes& aui8Image, const SWanted& oWanted);
 
 // Takes the places at uiOffset, its rates, out of a CVT code of three bytes, which becomes an unused one with the last

@@ -39,5 +39,5 @@ struct SExplained
 // Text of which only equality counts.
 size_t HashText(std::string_view sText);
 
-// Reads one document, which oReader has. Empty, or what is wrong, one line: it is no whole image of explain --json.
+// Reads one document, which oReader has. Empty, or why it is not a whole image of explain --json, in one line.
 std::string ReadExplained(CJsonReader& oReader, SExplained& oExplained);

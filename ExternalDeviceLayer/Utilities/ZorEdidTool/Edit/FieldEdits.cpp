@@ -209,7 +209,7 @@ std::string CFieldEdits::NameWithValue(unsigned int uiField) const
     return NameField(GetMap(), uiField) + (sValue.empty() ? "" : " " + sValue);
 }
 
-// By the ids that another call takes. What this call has added is no part of the image that it would get.
+// By the ids that another call takes. The image that it would get does not have what this call has added.
 std::string CFieldEdits::NameRemovable(const CZorEdidParts::SAnswer& oAnswer) const
 {
     constexpr unsigned int uiMostNamed = 4;

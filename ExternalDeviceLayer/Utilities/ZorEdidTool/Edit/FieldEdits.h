@@ -63,7 +63,7 @@ public:
     std::string RemoveItems(const std::vector<unsigned int>& auiFields);
     std::string Move(unsigned int uiField, unsigned int uiPlace);
 
-    // Clears flags that only stand for themselves, in one step. Checksums follow.
+    // Clears flags on which no other field depends, in one step. Checksums follow.
     struct SBit
     {
         unsigned int m_uiOffset; // in the image

@@ -69,7 +69,7 @@ std::string TakeDecimal(std::string& sText)
     return std::string();
 }
 
-// A flag is there or not: --force=false would read like a way to switch it off, which none of them has.
+// A flag is there or not: --force=false would read like a way to switch it off, which no flag has.
 void RefuseFlagValues(CLI::App& oApp)
 {
     for (CLI::Option* poOption : oApp.get_options())
@@ -429,7 +429,7 @@ std::string CCommandLine::AskForOption(const std::string& sArgument) const
     return sNear.empty() ? "" : "; did you mean '--" + sNear + "'?";
 }
 
-// Its place among the arguments, their number if there is none. Options of the program come before it.
+// Its place among the arguments, or their number without one. Options of the program come before it.
 size_t CCommandLine::FindFirstWord() const
 {
     for (size_t i = m_asArguments.size(); i-- > 0;)

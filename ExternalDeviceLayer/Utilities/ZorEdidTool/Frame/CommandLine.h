@@ -103,8 +103,8 @@ public:
     // The options of a subcommand that no argument names are not declared: that would take most of the time of a run.
     void Subcommand(const char* pszName, const char* pszSummary, const std::function<void(COptions&)>& fnDeclare);
 
-    // The subcommand that a first word means which is a file or looks like the name of one. Without effect when there
-    // is no such subcommand.
+    // The subcommand that is meant where the first word is a file or looks like a file's name. Without effect when it
+    // is not declared.
     void Default(const char* pszName) { m_sDefault = pszName; }
 
     // Parses, calls fnParsed, then what the subcommand runs. A wrong command line becomes one line on standard error,

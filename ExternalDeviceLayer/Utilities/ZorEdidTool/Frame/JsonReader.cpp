@@ -120,7 +120,7 @@ public:
     bool Null() { return m_oEvents.Word("null"); }
     bool Bool(bool bValue) { return m_oEvents.Word(bValue ? "true" : "false"); }
 
-    // Of numbers that are not taken as text: there are none.
+    // Never called: all numbers are taken as text.
     bool Int(int /*iNumber*/) { return false; }
     bool Uint(unsigned int /*uiNumber*/) { return false; }
     bool Int64(int64_t /*iNumber*/) { return false; }

@@ -42,7 +42,7 @@ public:
     CJsonReader(const CJsonReader&) = delete;
     CJsonReader& operator=(const CJsonReader&) = delete;
 
-    // Whether there is another document, or anything that is none.
+    // Whether anything but white space follows: another document, or garbage.
     bool HasMore();
 
     // Reads one. False when it is not JSON, or a call has returned false.

@@ -1,4 +1,4 @@
-// JSON that is written as it is told, without a tree in memory. RapidJSON does that, inside JsonWriter.cpp alone.
+// JSON that is written call by call, without a tree in memory. RapidJSON does that, inside JsonWriter.cpp alone.
 
 #pragma once
 

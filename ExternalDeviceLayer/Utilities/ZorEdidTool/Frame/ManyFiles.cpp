@@ -473,7 +473,7 @@ public:
     {
     }
 
-    // Takes names and does their turns until there are none.
+    // Takes names and does their turns until none is left.
     void Work()
     {
         CPace oPace;

@@ -25,7 +25,7 @@ std::string ShowLines(const std::string& sText);
 // A path as RFC 3986 has it: bytes other than letters, digits, slashes and a few marks are percent-encoded.
 std::string EncodePath(const std::string& sPath);
 
-// What stands for a character in a text or a quoted value of XML and HTML; null for one that stands for itself.
+// The entity of a character in a text or a quoted value of XML and HTML; null for one that needs none.
 const char* FindEntity(char cNext);
 // The text with these. Control characters, for which XML has nothing, are not to be in it.
 std::string EscapeMarkup(const std::string& sText);

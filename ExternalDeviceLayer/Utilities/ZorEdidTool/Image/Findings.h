@@ -20,7 +20,7 @@ struct SFinding
     std::string m_sField;    // what these bytes are, as GetPath of MapText.h
 
     bool HasWeight() const { return m_eSeverity != CZorEdidMap::eSeverity_Note; }
-    // Of this severity or above, and about the image: what the library does not read is no fault of the monitor.
+    // Of this severity or above, and about the image: what the library does not read is not a fault of the monitor.
     bool IsFailure(CZorEdidMap::ESeverity eFailOn) const
     {
         return m_eSeverity >= eFailOn && !IsZorEdidRuleOfLibrary(m_eRule);

@@ -59,7 +59,7 @@ public:
                     return std::string_view(IsOfCode(Get(j)) ? Get(j).m_pszName : "");
                 });
             }
-            // Flags of modes share an id, and are told apart by their names.
+            // Flags of modes share an id, and differ in their names.
             std::string sKey = std::to_string(Get(i).m_eId) + "\n" + Get(i).m_pszName;
             m_abNothing[i] = IsGroup(i) ? AddChildren(i, sKey) : AddBits(i, sKey);
             m_auiKeys[i] = oKeys.try_emplace(sKey, static_cast<unsigned int>(oKeys.size())).first->second;

@@ -108,7 +108,7 @@ std::vector<std::string> ListIdTexts()
     return asIds;
 }
 
-// A number behind a code, or behind a name that ends in one, such as the aspect ratio of a mode, has a mark.
+// A number after a code, or after a name that ends in one, such as the aspect ratio of a mode, has a mark.
 std::string GetFieldName(const CZorEdidMap::SField& oField)
 {
     std::string sName = oField.m_pszName;

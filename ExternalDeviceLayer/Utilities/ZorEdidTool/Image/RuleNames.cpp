@@ -1,4 +1,4 @@
-// Texts of rules, and names that stand for several.
+// Texts of rules, and names that mean several.
 
 #include "RuleNames.h"
 
@@ -15,7 +15,7 @@ namespace
 {
 constexpr char gsc_szAll[] = ".*";
 
-// What ids that the name stands for begin with: "reserved" of "reserved.*".
+// How the ids begin that the name means: "reserved" of "reserved.*".
 std::string TakeBeginning(const std::string& sName)
 {
     return sName.ends_with(gsc_szAll) ? sName.substr(0, sName.size() - strlen(gsc_szAll)) : sName;

@@ -7,7 +7,7 @@
 
 #include "ZorEdidRules.h"
 
-// In place of a rule: of an image that cannot be read there is nothing else to say.
+// In place of a rule: of an image that cannot be read.
 inline constexpr SZorEdidRule gsc_oUnreadableRule = { eZorEdidRule_None,
                                                       CZorEdidMap::eSeverity_Error,
                                                       "input.unreadable",

@@ -91,7 +91,7 @@ private:
         return sLine.substr(0, sLine.find_first_of("|>"));
     }
 
-    // What the numbers of a first line are when they are none that is read: how an EDID begins in that form.
+    // The radix of a first line whose numbers are not read, recognised by how an EDID begins in it.
     static const char* FindOtherRadix(std::string_view sGroups)
     {
         std::string sDigits; // with one blank before each group, whatever the columns are

@@ -112,7 +112,7 @@ private:
                                               : m_aoOverrides.emplace_back(std::string(sKey), CBlocks()).second;
     }
 
-    // Values of other programs have such names, too: what is no block counts only under the key of overrides.
+    // Values of other programs have such names, too: anything but a block counts only under the key of overrides.
     void AddOverride(const std::string& sKey, const CBlocks& aoBlocks)
     {
         constexpr std::string_view sOverrideKey = "EDID_OVERRIDE";

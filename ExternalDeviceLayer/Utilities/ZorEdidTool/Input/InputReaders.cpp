@@ -8,7 +8,7 @@
 
 namespace
 {
-// Above any digit of any radix where the character is none.
+// Above any digit of any radix where the character is not a digit.
 unsigned int GetDigit(char c)
 {
     const size_t uiPlace = gsc_sHexDigits.find(c);

@@ -32,7 +32,7 @@ bool IsConnector(std::string_view sConnector, std::string_view sName);
 // "line N: PROBLEM"
 std::string AtLine(size_t uiLine, const std::string& sProblem);
 
-// False for an empty text, a digit that is none, and a number above 2^48, which nothing here needs.
+// False for an empty text, a character that is not a digit, and a number above 2^48, which nothing here needs.
 bool ParseDigits(std::string_view sDigits, unsigned int uiRadix, unsigned long long& ullValue);
 
 // Keeps one byte more than fits at most, which shows that there were too many.
@@ -52,12 +52,12 @@ using CMonitors = std::vector<SInput>;
 
 // Those of these that are wanted: by name, with the card or without, else by number from 1; all for "all", the first
 // one when sWanted is empty. Each is oInput with its bytes; its form and its hint, or its name, say which. EDIDs that
-// come twice are one, as in a log; those without digits are none. oInput itself when there are none.
+// come twice count once, as in a log; those without digits do not count. oInput itself when none is left.
 CInputs TakeMonitors(CMonitors aoMonitors, const std::string& sWanted, const SInput& oInput);
 
 // Adds the EDIDs in the bytes of an input that has been read: that with the number uiWanted, from 1, or all for 0.
 // Where there are several, each has its number, the first of all says what the file holds, and the name says which it
-// is. Those with the same bytes are one. Where there is none with that number, the input is added with that problem.
+// is. Those with the same bytes are one. Without one of that number the input is added with that problem.
 void AddImages(SInput oInput, unsigned int uiWanted, CInputs& aoInputs);
 
 // The readers: false when the text does not have this form. Else the input receives the bytes or a problem.

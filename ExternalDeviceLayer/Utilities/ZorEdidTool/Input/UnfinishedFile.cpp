@@ -190,7 +190,7 @@ bool CUnfinishedFile::Rename(const std::string& sPath, bool bForce)
                       unlink(m_sPath.c_str()) == 0);
     if (!bGood && g_bEnding)
     {
-        pause(); // the handler has removed the file: no fault to tell
+        pause(); // the handler has removed the file, which is not a fault
     }
     m_sPath = bGood ? "" : m_sPath;
     return bGood;

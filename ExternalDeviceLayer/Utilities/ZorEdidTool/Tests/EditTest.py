@@ -237,7 +237,7 @@ class Edits(unittest.TestCase):
             status, out, error = edit(cea("4104" + data_blocks), *arguments.split())
             self.assertEqual((1, b""), (status, out))
             self.assertIn("native resolution data block refers by position to a timing that would be another one\n", error)
-        # Parts by their ids, too, and none of a block whose checksum is wrong.
+        # Parts by their ids, too, but not in a block whose checksum is wrong.
         position, sum_wrong = "timing that would be another one\n", ", which --repair-checksums in a call of its own makes right\n"
         natives = cea("4104", 0x72)
         wrong = cea("4104" + type_7)
@@ -253,7 +253,7 @@ class Edits(unittest.TestCase):
                 status, out, error = edit(image, *arguments.split())
                 self.assertEqual((1, b"", True), (status, out, reason in error), error)
         two = section("030128" "df2e00" + TYPE_1 + "0f2700" + TYPE_1)
-        # A mode is one line, wherever it was, and how its data block was written is no difference beside it.
+        # A mode is one line, wherever it was, and how its data block was written does not count.
         for image, arguments, mode in ((two, "--remove 1600x900@60", "1600 x +900p"),
                                        (cea("4104" + type_7), "--remove 1600x900@60", "1600 x +900p"),
                                        (cea("420461" "e3234061"), "--remove-vic 97", "3840 x 2160p")):
@@ -581,7 +581,7 @@ class Files(unittest.TestCase):
             self.assertEqual((3, b"", "zoredid: %s: is a block device\n" % device),
                              run(MONITOR, "-o", device, "--serial", "5", "--force"))
 
-    # What has moved is no difference by meaning; by bytes each has both names.
+    # What has only moved does not differ by meaning; by bytes each has both names.
     def test_differences_by_meaning_and_by_bytes(self):
         with tempfile.TemporaryDirectory() as folder:
             out = os.path.join(folder, "out.bin")

@@ -169,7 +169,7 @@ constexpr void WriteText(unsigned char* pui8Descriptor, unsigned char ui8Tag, co
 }
 
 // A display descriptor with range limits of 0 and without the numbers of a formula: a line feed and blanks are in their
-// place. From revision 4 on a value of its own says that there is no formula; before, the default one is meant.
+// place. From revision 4 on a separate value says that no formula is supported; before, the default one is meant.
 constexpr void WriteEmptyLimits(unsigned char* pui8Descriptor, bool bRevision4)
 {
     constexpr unsigned int uiLimitsOnly = 1;
@@ -220,7 +220,7 @@ constexpr bool IsRateBeyond(unsigned long long ullPart, unsigned long long ullWh
 constexpr bool IsRange(unsigned int uiLeast, unsigned int uiMost) { return uiLeast < uiMost; }
 
 // Whether a timing is beyond limits: its clock, line and field rate, where these are a range. The largest value of the
-// bytes means that or more, as there is none above it.
+// bytes means that or more.
 constexpr bool IsPixelClockBeyond(const SRangeLimits& oLimits, unsigned long long ullClockInKiloHz)
 {
     const unsigned int uiMost = oLimits.m_uiPreciseMaxPixelClockInKiloHz;

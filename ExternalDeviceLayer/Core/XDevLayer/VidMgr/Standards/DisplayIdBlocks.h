@@ -80,13 +80,13 @@ constexpr SPlace SecondCoordinate(unsigned int uiOffset)
     return Split({ { PlaceByte(uiOffset + 2), 7, 0 }, { PlaceByte(uiOffset + 1), 7, 4 } });
 }
 
-// Luminances: IEEE 754 half precision, in cd/m2; 8000h is none.
+// Luminances: IEEE 754 half precision, in cd/m2; 8000h means not given.
 inline constexpr unsigned int gsc_uiMaxLuminanceFullOffset = 0x18;
 inline constexpr unsigned int gsc_uiMaxLuminance10PercentOffset = 0x1A;
 inline constexpr unsigned int gsc_uiMinLuminanceOffset = 0x1C;
 inline constexpr unsigned int gsc_uiHalfInfinite = 0x7C00; // no number from here on
 
-// In 10^-6; 0 for what is no positive number. 1 is stored as 3C00h; the step of the smallest exponents is 2^-24.
+// In 10^-6; 0 for anything but a positive number. 1 is stored as 3C00h; the step of the smallest exponents is 2^-24.
 constexpr unsigned long long HalfInMillionths(unsigned int uiHalf)
 {
     if (uiHalf >= gsc_uiHalfInfinite)

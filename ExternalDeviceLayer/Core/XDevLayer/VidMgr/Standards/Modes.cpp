@@ -133,7 +133,7 @@ bool ReadDetailedMode(const CRecordBytes& oRecord, SZorMode& oMode)
 {
     using namespace Descriptors;
     constexpr unsigned int uiHzPerClock = 1000 * gsc_uiKiloHzPerClockUnit;
-    constexpr unsigned int uiFirstStereo = 2; // smaller values are none
+    constexpr unsigned int uiFirstStereo = 2; // smaller values mean no stereo
     if (!oRecord.IsSet(gsc_oPixelClock))
     {
         return false;

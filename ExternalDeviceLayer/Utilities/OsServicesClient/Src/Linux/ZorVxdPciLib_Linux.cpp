@@ -19,7 +19,7 @@ constexpr unsigned int BusOf(unsigned int uiHandle) { return (uiHandle >> 8) & 0
 constexpr unsigned int DeviceOf(unsigned int uiHandle) { return (uiHandle >> 3) & 0x1F; }
 constexpr unsigned int FunctionOf(unsigned int uiHandle) { return uiHandle & 0x07; }
 
-// The access with its list of devices; the bus is scanned when there is none yet. Null when libpci gives none.
+// The access with its list of devices; the bus is scanned at the first call. Null when libpci gives no access.
 pci_access* GetAccess()
 {
     if (g_poZorVxdPciLibAccess == nullptr)

@@ -1,6 +1,6 @@
 /**
  * @file
- * The EDID library for C: what a display says of itself, the modes that it can show, what each byte means, what is
+ * The EDID library for C: what a display says about itself, the modes that it can show, what each byte means, what is
  * wrong with it, and edits. docs/c.md has an overview with a complete program.
  *
  * Objects are opaque. Each has functions to create, to read bytes, to ask and to free:

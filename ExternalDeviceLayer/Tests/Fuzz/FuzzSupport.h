@@ -39,10 +39,9 @@ inline CBytes RepairImage(CBytes aui8Image)
     std::copy(aui8Header.begin(), aui8Header.end(), aui8Image.begin());
     for (size_t uiOffset = gsc_uiBlockSize; uiOffset + gsc_uiBlockSize <= aui8Image.size(); uiOffset += gsc_uiBlockSize)
     {
-        const size_t uiSectionLength = aui8Image[uiOffset + 2];
-        if (aui8Image[uiOffset] == 0x70 && uiSectionLength <= 121)
+        if (aui8Image[uiOffset] == 0x70)
         {
-            FixSum(aui8Image, uiOffset + 1, uiOffset + 5 + uiSectionLength);
+            FixSectionSum(aui8Image, uiOffset);
         }
     }
     return FixChecksums(aui8Image);

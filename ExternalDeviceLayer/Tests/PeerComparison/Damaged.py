@@ -1,5 +1,10 @@
 """Damaged copies of images with right checksums: what the makers of other monitors may have done."""
+import os
 import random
+import sys
+
+sys.path.append(os.path.join(os.path.dirname(__file__), "../../Utilities/ZorEdidTool/Tests"))
+from Checksums import fix_section, fix_sums
 
 BLOCK_SIZE = 128
 DISPLAY_ID = 0x70
@@ -7,12 +12,9 @@ CTA = 0x02
 
 
 def seal(image):
-    """Makes the checksums right of all whole blocks, and of DisplayID sections in them."""
-    for block in range(0, len(image) - BLOCK_SIZE + 1, BLOCK_SIZE):
-        section = image[block + 2] + 5  # the place of its checksum in the block
-        if image[block] == DISPLAY_ID and section < BLOCK_SIZE - 1:
-            image[block + section] = -sum(image[block + 1:block + section]) % 256
-        image[block + BLOCK_SIZE - 1] = -sum(image[block:block + BLOCK_SIZE - 1]) % 256
+    """An image of whole blocks with the right checksums of all blocks, and of DisplayID sections in them."""
+    blocks = [image[i:i + BLOCK_SIZE] for i in range(0, len(image), BLOCK_SIZE)]
+    return fix_sums(b"".join(fix_section(block) if block[0] == DISPLAY_ID else block for block in blocks))
 
 
 def places(image):
@@ -41,8 +43,7 @@ def damage(image, chance):
     elif len(copy) > BLOCK_SIZE:
         copy += copy[-BLOCK_SIZE:]
         copy[126] = len(copy) // BLOCK_SIZE - 1 & 0xFF
-    seal(copy)
-    return bytes(copy)
+    return seal(copy)
 
 
 def damaged(images, count):

@@ -85,7 +85,7 @@ TEST(Repair, CountsAndFillers)
     const auto fnFix = [](CBytes aui8Image) {
         if (aui8Image[gsc_uiBlockSize] == 0x70)
         {
-            FixSum(aui8Image, uiSection + 1, uiSection + 126);
+            FixSectionSum(aui8Image, uiSection);
         }
         return FixChecksums(aui8Image);
     };

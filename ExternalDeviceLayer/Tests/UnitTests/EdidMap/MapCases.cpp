@@ -99,19 +99,13 @@ CBytes MakeCtaImage(const SCaseRow& oRow)
 CBytes MakeSectionImage(const SCaseRow& oRow)
 {
     constexpr unsigned char ui8DisplayIdTag = 0x70;
-    constexpr size_t uiSectionOffset = 1;
-    constexpr size_t uiSectionOverhead = 4; // its header, up to the section checksum
     CBytes aui8Header = oRow.GetBytes(1);
     if (aui8Header.empty())
     {
         aui8Header = { 0x12, 121, 0x03, 0x00 };
     }
     CBytes aui8Image = BehindBaseBlock(Join({ { ui8DisplayIdTag }, aui8Header, oRow.GetBytes(2) }));
-    const size_t uiChecksum = uiSectionOffset + uiSectionOverhead + aui8Header[1];
-    if (uiChecksum < gsc_uiBlockSize - 1)
-    {
-        FixSum(aui8Image, gsc_uiBlockSize + uiSectionOffset, gsc_uiBlockSize + uiChecksum);
-    }
+    FixSectionSum(aui8Image, gsc_uiBlockSize);
     return FixChecksums(aui8Image);
 }
 

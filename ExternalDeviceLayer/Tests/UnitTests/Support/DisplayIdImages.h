@@ -17,10 +17,7 @@ inline CBytes MakeDisplayIdBlock(const CBytes& aui8DataBlocks, unsigned int uiSe
     CBytes aui8Block = { 0x70, static_cast<unsigned char>(uiRevision), static_cast<unsigned char>(uiLength), 0, 0 };
     Append(aui8Block, aui8DataBlocks);
     aui8Block.resize(gsc_uiBlockSize);
-    if (5 + uiLength <= 126)
-    {
-        FixSum(aui8Block, 1, 5 + uiLength);
-    }
+    FixSectionSum(aui8Block, 0);
     return FixChecksums(aui8Block);
 }
 

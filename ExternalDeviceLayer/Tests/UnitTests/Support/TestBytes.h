@@ -59,6 +59,16 @@ inline void FixBlockSum(CBytes& aui8Image, size_t uiBlock)
     FixSum(aui8Image, uiBlock * gsc_uiBlockSize, (uiBlock + 1) * gsc_uiBlockSize - 1);
 }
 
+// Of the DisplayID block at this offset the sum of its section, where that leaves room for it.
+inline void FixSectionSum(CBytes& aui8Image, size_t uiBlock)
+{
+    const size_t uiSum = size_t{ 5 } + aui8Image[uiBlock + 2];
+    if (uiSum < gsc_uiBlockSize - 1)
+    {
+        FixSum(aui8Image, uiBlock + 1, uiBlock + uiSum);
+    }
+}
+
 // Makes the last byte of each whole block right.
 inline CBytes FixChecksums(CBytes aui8Image)
 {

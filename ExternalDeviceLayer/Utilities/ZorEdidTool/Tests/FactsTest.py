@@ -767,9 +767,7 @@ class CheckTest(ToolTest):
         self.assertIn("not repaired: not the header of a base block: the checksum does not confirm the right one [base.",
                       run("check", "--force", "--fix", out, damaged, status=1)[0])
         # Of a longer field the bytes that were not right, and the copy of two equal EDIDs is of one.
-        padding = bytearray(MONITOR)
-        padding[0xFC:0x100] = bytes((5, 0, 6, (MONITOR[0xFF] - 11) & 0xFF))
-        padded = self.save(bytes(padding), "padded.bin")
+        padded = self.save(change({0xFC: "050006"}), "padded.bin")
         self.assertIn("offset 0x7c (Padding): repaired: padding is not 0: 0x05 is now 0x00, the first of 2 bytes [cta.",
                       run("check", "--force", "--fix", out, padded, status=0)[0])
         twice = self.save(2 * MONITOR, "twice.bin")

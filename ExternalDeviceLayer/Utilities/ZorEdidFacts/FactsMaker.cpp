@@ -1,5 +1,7 @@
 // The names of makers: the only part of the facts that reads a file.
 
+#include "FactsMaker.h"
+
 #include <stdio.h>
 #include <string.h>
 
@@ -14,7 +16,7 @@ constexpr unsigned int gsc_uiMostLine = 256;
 // Rows are three letters, a tab and a name.
 bool FindInFile(const char* pszFile, const char* pszLetters, CMString& sName)
 {
-    FILE* poFile = fopen(pszFile, "re");
+    FILE* poFile = pszFile != nullptr ? fopen(pszFile, "re") : nullptr;
     bool bFound = false;
     char szLine[gsc_uiMostLine];
     while (!bFound && poFile != nullptr && fgets(szLine, sizeof(szLine), poFile) != nullptr)
@@ -36,20 +38,25 @@ bool FindInFile(const char* pszFile, const char* pszLetters, CMString& sName)
 }
 } // namespace
 
-int CZorEdidFacts::FindMakerName(const char* pszLetters, CMString& sName, const char* pszFile)
+bool ZorFacts::FindMaker(const char* pszLetters, const char* pszFirst, const char* pszLast, CMString& sName)
 {
     if (pszLetters == nullptr || strlen(pszLetters) != ZorStandards::gsc_uiMakerLetters)
     {
-        return 0;
+        return false;
     }
-    if (pszFile != nullptr && FindInFile(pszFile, pszLetters, sName))
+    if (FindInFile(pszFirst, pszLetters, sName))
     {
-        return 1;
+        return true;
     }
     if (const char* pszOwn = ZorStandards::FindMakerName(pszLetters))
     {
         sName = pszOwn;
-        return 1;
+        return true;
     }
-    return FindInFile(gsc_szSystemList, pszLetters, sName) ? 1 : 0;
+    return FindInFile(pszLast, pszLetters, sName);
+}
+
+int CZorEdidFacts::FindMakerName(const char* pszLetters, CMString& sName, const char* pszFile)
+{
+    return ZorFacts::FindMaker(pszLetters, pszFile, gsc_szSystemList, sName) ? 1 : 0;
 }

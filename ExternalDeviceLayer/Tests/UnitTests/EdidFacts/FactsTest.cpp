@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "DisplayIdImages.h"
+#include "FactsMaker.h"
 #include "SharedFiles.h"
 #include "TemporaryFile.h"
 #include "TestBytes.h"
@@ -327,21 +328,29 @@ TEST(Facts, MonochromeUnlessSomethingHasColours)
     EXPECT_FALSE(ReadFacts(FixChecksums(aui8Image)).GetColour().IsMonochrome());
 }
 
+// A list that is given, the library's own, then that of the system.
 TEST(Facts, MakerName)
 {
-    const std::string sList = "SAM\tA Name of a List\r\nABC\tOther\n";
+    const std::string sList = "SAM\tA Name of a List\r\nABC\tOther\nACI\tLater\n";
     const CTemporaryFile oFile(".ids", sList.data(), sList.size());
+    const char* const pszList = oFile.GetPath();
     CMString sName = "before";
-    EXPECT_EQ(1, CFacts::FindMakerName("SAM", sName, oFile.GetPath()));
+    EXPECT_EQ(1, CFacts::FindMakerName("SAM", sName, pszList));
     EXPECT_STREQ("A Name of a List", sName);
-    EXPECT_EQ(1, CFacts::FindMakerName("DEL", sName, oFile.GetPath())); // the library's own
+    EXPECT_EQ(1, CFacts::FindMakerName("DEL", sName, pszList));
     EXPECT_STREQ("Dell Computer Corp.", sName);
     EXPECT_EQ(1, CFacts::FindMakerName("ACI", sName)); // whatever the system's list calls it
     EXPECT_STREQ("ASUSTek Computer Inc.", sName);
-    EXPECT_EQ(1, CFacts::FindMakerName("DEL", sName));
+    EXPECT_TRUE(ZorFacts::FindMaker("DEL", nullptr, pszList, sName));
+    EXPECT_TRUE(ZorFacts::FindMaker("ACI", nullptr, pszList, sName));
+    EXPECT_STREQ("ASUSTek Computer Inc.", sName);
+    EXPECT_TRUE(ZorFacts::FindMaker("ABC", nullptr, pszList, sName));
+    EXPECT_STREQ("Other", sName);
+    EXPECT_TRUE(ZorFacts::FindMaker("ACI", pszList, nullptr, sName));
+    EXPECT_STREQ("Later", sName);
     EXPECT_EQ(0, CFacts::FindMakerName("@@@", sName, "/nowhere"));
     EXPECT_EQ(0, CFacts::FindMakerName("SAMS", sName));
-    EXPECT_STREQ("Dell Computer Corp.", sName);
+    EXPECT_STREQ("Later", sName);
 }
 
 TEST(Facts, RealImagesSayWhatTheMapHas)

@@ -245,12 +245,29 @@ const char* GetOnlyRaw(const SMapContent& oMap, unsigned int uiField)
     }
 }
 
+// With the id of its first field that is set by a value and says more than tags and lengths.
+SDraft RefuseGroup(const SMapContent& oMap, unsigned int uiGroup)
+{
+    const unsigned int uiEnd = oMap.GetField(uiGroup).m_uiEnd;
+    unsigned int uiField = uiGroup + 1;
+    while (uiField < uiEnd &&
+           (oMap.GetField(uiField).m_eKind == CZorEdidMap::eKind_Group ||
+            CZorEdidMap::GetId(oMap.GetField(uiField).m_eId) == nullptr ||
+            oMap.GetField(uiField).m_eArea == eArea_Structure || GetOnlyRaw(oMap, uiField) != nullptr))
+    {
+        ++uiField;
+    }
+    const CMString sReason = "it is a group; its fields are set one by one";
+    return Refuse(uiField == uiEnd ? sReason
+                                   : sReason + ", such as " + CZorEdidMap::GetId(oMap.GetField(uiField).m_eId));
+}
+
 SDraft MakeDraft(const SMapContent& oMap, unsigned int uiField, const char* pszValue)
 {
     const CField& oField = oMap.GetField(uiField);
     if (oField.m_eKind == CZorEdidMap::eKind_Group)
     {
-        return Refuse("it is a group; its fields are set one by one");
+        return RefuseGroup(oMap, uiField);
     }
     if (strncmp(pszValue, gsc_szRaw, strlen(gsc_szRaw)) == 0)
     {

@@ -505,6 +505,7 @@ class Settings(unittest.TestCase):
                 ("--set base.identity.serial-number=0x01020304", changed(12, "04030201"), "16909060; followed: block 0"),
                 ("--set base.standard[1]=1", None, "it is a group"),
                 ("--set base.standard=1", None, r"several of this field, base.standard\[0\] to base.standard\[7\]"),
+                ("--set cta.audio=1", None, "it is a group; its fields are set one by one, such as cta.audio.format\n"),
                 ("--set base.standard[8]=1", None, r"the image has base.standard\[0\]"),
                 ("--set 0x17=raw:0x8c", changed(23, "8c"), "became 2.40"),
                 ("--set 0x18=1", None, "a bit from 7 to 0"),

@@ -47,12 +47,12 @@ bool FollowsFromStart(const CFindings& /*oFindings*/, const SZorFinding& oCause,
     return IsInSameBlock(oCause, oOther) && oOther.m_eRule == eZorEdidRule_ListedMore;
 }
 
-// The checksum is one by itself.
+// The checksum is one by itself, and timings that byte 2 does not point at say what it should be.
 bool FollowsFromCutDataBlock(const CFindings& oFindings, const SZorFinding& oCause, const SZorFinding& oOther)
 {
     return FollowsFromStart(oFindings, oCause, oOther) ||
            (IsInSameBlock(oCause, oOther) && oFindings.IsMisread(oOther.m_uiOffset) &&
-            oOther.m_eRule != eZorEdidRule_Checksum);
+            oOther.m_eRule != eZorEdidRule_Checksum && oOther.m_eRule != eZorEdidRule_CtaLostTimings);
 }
 
 // Another version is read as its first revision, whose standard timings have square pictures.

@@ -66,7 +66,12 @@ void CheckRequired(CFindings& oFindings, unsigned int uiBlock, unsigned int uiVe
     {
         if ((bDisplay || !oRequired.m_bDisplaysOnly) && !oTags[oRequired.m_auiTags[uiVersion - 1]])
         {
-            oFindings.Add(oFindings.FindGroup(uiBlock + DisplayId::gsc_uiVersionOffset), oRequired.m_eRule);
+            const unsigned int uiField = oFindings.FindGroup(uiBlock + DisplayId::gsc_uiVersionOffset);
+            SZorFinding& oFinding = oFindings.Add(uiField, oRequired.m_eRule);
+            if (const unsigned int uiOther = oRequired.m_auiTags[2 - uiVersion]; oTags[uiOther])
+            {
+                oFinding.m_sFound.Format("tag 0x%02x of the other version", uiOther);
+            }
         }
     }
 }

@@ -68,6 +68,17 @@ public:
             }
         }
     }
+    // With those that may be misread.
+    template <class TEST>
+    bool HasMode(TEST fnTest) const
+    {
+        bool bHas = false;
+        for (unsigned int i = 0; i < m_oModes.GetCount() && !bHas; ++i)
+        {
+            bHas = fnTest(m_oModes.Get(i));
+        }
+        return bHas;
+    }
     template <class VISIT>
     void ForEachReference(VISIT fnVisit) const
     {

@@ -32,9 +32,7 @@ bool IsVga(const SZorMode& oMode)
 
 void CheckVga(CFindings& oFindings, unsigned int uiCtaBlock)
 {
-    bool bHas = false;
-    oFindings.ForEachMode([&](const SZorImageMode& oEntry) { bHas = bHas || IsVga(oEntry.m_oMode); });
-    if (!bHas)
+    if (!oFindings.HasMode([](const SZorImageMode& oEntry) { return IsVga(oEntry.m_oMode); }))
     {
         oFindings.Add(oFindings.FindBlock(uiCtaBlock), eZorEdidRule_VgaMissing);
     }

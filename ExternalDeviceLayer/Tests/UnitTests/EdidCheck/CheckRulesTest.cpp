@@ -174,6 +174,10 @@ TEST(CheckRules, NoFalseAlarms)
 {
     const CBytes aui8Vga = With(MakeImage("41 10"), 0x48, gsc_szVgaTiming);
     EXPECT_EQ(0U, ListRules(aui8Vga).count(eZorEdidRule_VgaMissing));
+    // A timing that may be misread, as byte 2 or a length is wrong, may be right as well.
+    const CBytes aui8Misread = With(MakeImage("41 10 44 10"), 0x88, gsc_szVgaTiming);
+    EXPECT_EQ(1U, ListRules(aui8Misread).count(eZorEdidRule_CtaPastCollection));
+    EXPECT_EQ(0U, ListRules(aui8Misread).count(eZorEdidRule_VgaMissing));
     // Audio of a DisplayID section needs the flag of the CTA-861 block that is there.
     const CBytes aui8Audio = MakeDisplayIdBlock(ParseBytes("81 00 04 23 09 07 07"));
     EXPECT_EQ(1U, ListRules(MakeEdid({ MakeCta("41 01"), aui8Audio })).count(eZorEdidRule_CtaBasicAudio));
@@ -337,6 +341,9 @@ TEST(CheckRules, NumbersAreFoundAndExpected)
           "640 x 480 @ 59.93 Hz at block 1 offset 0x10", "0x10 in byte 2" },
         { eZorEdidRule_CtaLostTimings, With(With(MakeImage("41 01"), 0x86, gsc_szVgaTiming), 0x9A, gsc_szVgaTiming),
           "640 x 480 @ 59.93 Hz at block 1 offset 0x1a", "the next timing at offset 0x18" },
+        { eZorEdidRule_CtaLostTimings, With(MakeImage("41 01 44 10"), 0x90, gsc_szVgaTiming),
+          "640 x 480 @ 59.93 Hz at block 1 offset 0x10", "0x10 in byte 2" },
+        { eZorEdidRule_DisplayIdNoProduct, MakeSection("20 01 0F"), "tag 0x20 of the other version", "" },
         { eZorEdidRule_CtaLastItem, MakeImage("41 01 C4 01 10 00 10"), "4 bytes", "3 or 5 bytes" },
         { eZorEdidRule_DisplayIdMethodShort, MakeEdid({ MakeDisplayIdBlock(ParseBytes("10 00 02 01 02")) }), "1 byte",
           "at least 9 bytes" },

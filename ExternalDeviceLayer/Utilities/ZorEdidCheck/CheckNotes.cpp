@@ -1,7 +1,5 @@
 // The notes of the map as findings: what was found, and what would keep the rule, in the numbers of a standard.
 
-#include <string.h>
-
 #include <algorithm>
 #include <bit>
 #include <iterator>
@@ -72,7 +70,7 @@ CMString GetReserved(const CMap& oMap, unsigned int uiField)
 
 // A note on a reserved value needs its number, one on another code its name as well, one on characters their codes. One
 // on a structure, or on many bytes, needs none.
-CMString GetFound(const CMap& oMap, unsigned int uiField)
+CMString GetFound(const CMap& oMap, unsigned int uiField, EZorEdidRule eRule)
 {
     const CMap::SField& oField = oMap.GetField(uiField);
     if (oField.m_eKind == CMap::eKind_Reserved)
@@ -88,7 +86,7 @@ CMString GetFound(const CMap& oMap, unsigned int uiField)
         return MakeHex(oMap.GetData() + oField.m_uiOffset, oField.m_uiLength);
     }
     const bool bMeaning = oField.m_pszMeaning != nullptr;
-    if (oField.m_eKind == CMap::eKind_Name && bMeaning && strcmp(oField.m_pszMeaning, "reserved") != 0)
+    if (oField.m_eKind == CMap::eKind_Name && bMeaning && eRule != eZorEdidRule_ReservedValue)
     {
         return MakeNumber(oField.m_llNumber) + " (" + oField.m_pszMeaning + ")";
     }
@@ -318,7 +316,7 @@ void AddNotes(CFindings& oFindings)
         oFinding.m_sFound = oMap.GetFound(i);
         if (oFinding.m_sFound.GetLength() == 0)
         {
-            oFinding.m_sFound = GetFound(oMap, oNote.m_uiField);
+            oFinding.m_sFound = GetFound(oMap, oNote.m_uiField, oNote.m_eRule);
         }
         oFinding.m_sExpected = GetExpected(oMap, i);
         const auto* poMore =

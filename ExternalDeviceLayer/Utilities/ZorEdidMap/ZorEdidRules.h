@@ -245,6 +245,8 @@ struct SZorEdidRule
     const char* m_pszWhat;              ///< the finding in words: "the checksum is wrong"
     const char* m_pszStandard;          ///< "E-EDID 1.4, 3.11"; empty where no standard asks for it
     const char* m_pszWhy;               ///< one sentence: why it matters, and what sources do with it
+    /// Whether m_pszWhat continues the name of the field and its value: "Max_TMDS_Clock 600 MHz is above 340 MHz".
+    bool m_bOfField = false;
 };
 
 /// The rules in the order of their numbers. uiIndex must be below GetZorEdidRuleCount.

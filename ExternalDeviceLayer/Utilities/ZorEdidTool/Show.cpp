@@ -215,7 +215,7 @@ std::string DescribeFinding(const SFinding& oFinding)
     const std::string sField = oFinding.m_sField.substr(uiName == std::string::npos ? 0 : uiName + 2);
     const std::string sSeverity = std::string(GetNoteName(oFinding.m_eSeverity)) + ": ";
     const std::string& sFound = oFinding.m_sFound;
-    if (oFinding.m_sWhat.starts_with("is "))
+    if (FindZorEdidRule(oFinding.m_eRule)->m_bOfField)
     {
         return sSeverity + sField + (sFound.empty() ? "" : " " + sFound) + " " + oFinding.m_sWhat +
                FormatText(" (block %u)", oFinding.m_uiBlock);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string_view>
 
 #include "DisplayIdImages.h"
 #include "SharedFiles.h"
@@ -162,6 +163,9 @@ TEST(CheckRules, EachHasAnImageThatBreaksItAndANearMiss)
         const EZorEdidRule eRule = GetZorEdidRule(i).m_eRule;
         // Of those below, a test of the map; several images are what the command says of a file.
         EXPECT_EQ(eRule >= 500 && eRule != eZorEdidRule_SeveralImages, oTried.contains(eRule))
+            << GetZorEdidRule(i).m_pszId;
+        // "warning: is above 340 MHz" needs its field.
+        EXPECT_EQ(std::string_view(GetZorEdidRule(i).m_pszWhat).starts_with("is "), GetZorEdidRule(i).m_bOfField)
             << GetZorEdidRule(i).m_pszId;
     }
 }

@@ -83,8 +83,13 @@ void FollowField(CFieldEdits& oFields, const CFieldEdits::SValue& oValue, unsign
 {
     const CZorEdidMap& oMap = oFields.GetMap();
     const unsigned int uiField = oMap.FindField(oValue.m_eId, uiNumber);
-    if (uiField != CZorEdidMap::msc_uiNone && oMap.GetField(uiField).m_llNumber != 0 &&
-        oMap.GetValue(uiField) != "not given")
+    if (uiField == CZorEdidMap::msc_uiNone)
+    {
+        return;
+    }
+    const CZorEdidMap::SField& oField = oMap.GetField(uiField);
+    const bool bNotGiven = oField.m_eKind == CZorEdidMap::eKind_Number && !oField.m_bNumber;
+    if (oField.m_llNumber != 0 && !bNotGiven)
     {
         SetOrNote(oFields, uiField, oValue, uiNumber);
     }

@@ -319,22 +319,21 @@ std::string GetTimingNumber(const CZorEdidMap::SField& oField, unsigned int uiIn
 std::string GetTimingNumbers(const CZorEdidMap& oMap, unsigned int uiField)
 {
     const CZorEdidMap::SField& oField = oMap.GetField(uiField);
-    const auto fnList = [&oField](unsigned int uiFirst, unsigned int uiCount) {
-        std::string sText = GetTimingNumber(oField, uiFirst);
+    const auto fnList = [](CZorEdidMap::EList eList, unsigned int uiFirst, unsigned int uiCount) {
+        std::string sText = FormatText("%s %u", GetListName(eList), uiFirst);
         for (unsigned int i = uiFirst + 1; i < uiFirst + uiCount; ++i)
         {
-            const std::string sNumber = GetTimingNumber(oField, i);
-            sText += ", " + sNumber.substr(sNumber.find(' ') + 1);
+            sText += FormatText(", %u", i);
         }
         return sText;
     };
-    std::string sOwn = oField.m_uiTimings != 0 ? fnList(0, oField.m_uiTimings) : "";
+    std::string sOwn = oField.m_uiTimings != 0 ? fnList(oField.m_eList, oField.m_uiTiming, oField.m_uiTimings) : "";
     if (oField.m_uiOthers == 0)
     {
         return sOwn;
     }
     const bool bMap = oField.m_eId == eZorEdidField_Cta420MapVic || oField.m_eId == eZorEdidField_Cta420Map;
-    const std::string sOthers = fnList(oField.m_uiTimings, oField.m_uiOthers);
+    const std::string sOthers = fnList(CZorEdidMap::eList_Standard, oField.m_uiOther, oField.m_uiOthers);
     return (sOwn.empty() ? "" : sOwn + "; ") +
            (bMap ? "in 4:2:0 " + sOthers
                  : DescribeListed(oMap.GetData()[oField.m_uiOffset], oField.m_uiTimings != 0) + ": " + sOthers);

@@ -411,6 +411,9 @@ class ModesTest(ToolTest):
         lines = "".join("zoredid: %s: block %s; check and explain say more\n" % (path, reason) for reason in reasons)
         for arguments in [], ["--json"], ["--modeline"]:
             self.assertEqual(lines % ("", ""), run("modes", path, *arguments, status=0)[1])
+        past = self.save(MONITOR + bytes(256), "past.bin")
+        self.assertEqual("zoredid: %s: blocks 2 to 3 are not read: the base block does not count them\n" % past,
+                         run("modes", past, status=0)[1])
         repair = ", which --repair-checksums in a call of its own makes right"
         refusal = "zoredid: %s: --audio-remove 0: the image has no audio descriptors\n" % path
         self.assertEqual(("", refusal + lines % (repair, repair)),
@@ -434,7 +437,8 @@ class ModesTest(ToolTest):
                   "7680 x 4320p @  23.976 Hz 1186.813187 MHz  VIC 194" + other]
         past = ["3840 x 2160p @  %s MHz  HDMI VIC 1, the list leaves it out, as HDMI_VIC_LEN runs past the data block" %
                 numbers for numbers in ("30.000 Hz     297.000", "29.970 Hz  296.703297")]
-        out, error = run("modes", self.save(with_blocks(bytes.fromhex("02031000 6b030c001000802d20006001"))), status=0)
+        block = bytes.fromhex("02031200 4110 6b030c001000802d20006001")
+        out, error = run("modes", self.save(with_blocks(block)), status=0)
         self.assertEqual((["  -               " + line for line in past], ""),
                          ([line for line in out.splitlines() if line.startswith("  - ")], error))
         for codes, lines in [("75", ["3840 x 2160p @ 100.000 Hz    1188.000 MHz  VIC 117"]), ("c2", vic194), ("10", [])]:
@@ -588,6 +592,7 @@ class ModesTest(ToolTest):
             ("y of green", change({0x1E: "9c"}), 1),
             ("two codes exchanged", change({0x85: "11", 0x88: "01"}), 0),
             ("a length beyond the collection", change({0x9C: "66"}), 1),
+            ("a descriptor of which a fact says all", change({0x6C: "00000010" + "00" * 14}), 1),
             ("another preferred mode", change({0x36: SECOND_TIMING[:24]}), 2),
         ]:
             with self.subTest(name):

@@ -48,9 +48,10 @@ TEST(ModeMatch, EachModeCountsAsOftenAsItIsNamed)
         { MakeImage("", "10 10"), MakeImage("", "10"), { 0, 1, uiNone, uiNone }, { 0, 1 } },
         { MakeImage(pszSlower, "10"), MakeImage("", "10"), { uiNone, 0, 1 }, { 1, 2 } }, // of the same clock
         { MakeImage("", "10"), MakeImage(pszSlower, ""), { 0, uiNone }, { 0 } },
-        { MakeImage("", "1F"), MakeImage("", "10"), { uiNone }, { uiNone, uiNone } },    // 50 Hz
-        { MakeImage("", "10"), MakeImage("98 3A", ""), { uiNone, uiNone }, { uiNone } }, // 150 MHz
-        { MakeImage("", "C2"), MakeImage("", "42"), { uiNone, uiNone }, { uiNone } },    // 194, and 66
+        { MakeImage(pszExact, ""), MakeImage(pszSlower, "10"), { 0 }, { 0, uiNone, uiNone } }, // the preferred ones
+        { MakeImage("", "1F"), MakeImage("", "10"), { uiNone }, { uiNone, uiNone } },          // 50 Hz
+        { MakeImage("", "10"), MakeImage("98 3A", ""), { uiNone, uiNone }, { uiNone } },       // 150 MHz
+        { MakeImage("", "C2"), MakeImage("", "42"), { uiNone, uiNone }, { uiNone } },          // 194, and 66
         { MakeImage("", ""), MakeImage("", "1F"), {}, { uiNone } },
     };
     for (const auto& oCase : aoCases)

@@ -51,7 +51,6 @@ constexpr SPlace gsc_oMetadataBits = Byte(1);
 constexpr SPlace gsc_oRateBits = Bits(1, 6, 0);
 constexpr SPlace gsc_oSizeBits = Bits(2, 2, 0);
 constexpr SPlace gsc_oSpeakerBytes = Little24(0);
-constexpr SPlace gsc_oOui = Little24(0);
 } // namespace
 
 // ---- The block and its data blocks ----
@@ -156,12 +155,12 @@ void CReader::ReadExtended(unsigned int uiTag, const SBytes& oPayload)
 
 void CReader::ReadVendor(const SBytes& oPayload)
 {
-    if (!oPayload.Has<gsc_oOui>())
+    if (!oPayload.Has<Cta::gsc_oOui>())
     {
         return;
     }
     const SBytes oContents = oPayload.From(Cta::gsc_uiOuiSize);
-    switch (oPayload.Get<gsc_oOui>())
+    switch (oPayload.Get<Cta::gsc_oOui>())
     {
     case gsc_uiOuiHdmi:
         ReadHdmi(oContents);
@@ -187,7 +186,7 @@ void CReader::ReadVendorVideo(const SBytes& oPayload)
 {
     using namespace Colour;
     const SBytes oContents = oPayload.From(Cta::gsc_uiOuiSize);
-    const unsigned int uiOui = oPayload.Or0<gsc_oOui>();
+    const unsigned int uiOui = oPayload.Or0<Cta::gsc_oOui>();
     if (uiOui == gsc_uiOuiDolby)
     {
         ReadDolbyVision(oContents);

@@ -19,7 +19,6 @@ constexpr float gsc_fHundred = 100.0F;
 constexpr unsigned int gsc_uiGammaNotGiven = 0xFF;
 constexpr unsigned int gsc_uiFirstYear = 2000;
 
-constexpr SPlace gsc_oVendor = Big24(0x03);
 constexpr SPlace gsc_oProductTextLength = Byte(gsc_uiProductTextLengthOffset);
 constexpr SPlace gsc_oHeaderFlags = Byte(1);
 constexpr SPlace gsc_oMaxFull = Little16(gsc_uiMaxLuminanceFullOffset);
@@ -184,7 +183,7 @@ void CReader::ReadProduct(const SBytes& oBlock, bool bVersion2)
         std::all_of(pui8Vendor, pui8Vendor + gsc_uiLetters, [](unsigned char ui8) { return ui8 >= 'A' && ui8 <= 'Z'; });
     if (bVersion2 || !bLetters)
     {
-        Take<gsc_oVendor>(oIdentity.m_oMakerOui, oBlock, eZorEdidField_DisplayidProductVendor);
+        Take<gsc_oVendorOui>(oIdentity.m_oMakerOui, oBlock, eZorEdidField_DisplayidProductVendor);
     }
     OfferPlace<gsc_oProductCode>(CFacts::eQuestion_Product, eSource, oIdentity.m_oProduct, oBlock,
                                  eZorEdidField_DisplayidProductProductCode);
@@ -581,7 +580,7 @@ void CReader::ReadVesaVendor(const SBytes& oBlock)
 {
     constexpr unsigned char aui8Streams[] = { 0, 2, 4, 0 };
     CFacts::SLink& oLink = m_oFacts.m_oLink;
-    if (oBlock.Or0<gsc_oVendor>() != gsc_uiOuiVesa || oBlock.m_uiSize < gsc_uiPayloadOffset + gsc_uiVesaSize)
+    if (oBlock.Or0<gsc_oVendorOui>() != gsc_uiOuiVesa || oBlock.m_uiSize < gsc_uiPayloadOffset + gsc_uiVesaSize)
     {
         return;
     }

@@ -260,12 +260,11 @@ void CModeVisitor::AddBits(EZorEdidField eField, const SPart& oBytes, unsigned i
 void CModeVisitor::VisitBase(const SPart& oBase)
 {
     using namespace BaseBlock;
-    constexpr unsigned int uiFirstWithNative = 4;
     constexpr unsigned int uiStandards = 8;
     const unsigned char* pui8Base = oBase.m_oBytes.GetData();
     m_bSquare = !IsAtLeastRevision(pui8Base, gsc_ui16To10Revision);
     m_bFirstPreferred = IsPreferredTimingDeclared(pui8Base);
-    m_bFirstNative = IsAtLeastRevision(pui8Base, uiFirstWithNative) && gsc_oPreferredIsNative.IsSet(pui8Base);
+    m_bFirstNative = IsNativeTimingDeclared(pui8Base);
     m_oFormula = FindFormula(oBase.m_oBytes);
     AddBits(eZorEdidField_BaseEstablishedMode, oBase.From(gsc_uiEstablishedOffset), 0, gsc_uiEstablishedModes,
             eOrder_HighFirst, MakeEstablishedMode);
@@ -387,7 +386,7 @@ void CModeVisitor::VisitCtaData(unsigned int uiTag, const SPart& oPayload)
         VisitVideo(oPayload, false);
         break;
     case Cta::gsc_uiVendorTag:
-        if (oPayload.m_oBytes.Get(Little24(0)) == gsc_uiOuiHdmi)
+        if (oPayload.m_oBytes.Get(Cta::gsc_oOui) == gsc_uiOuiHdmi)
         {
             VisitHdmi(oPayload.From(Cta::gsc_uiOuiSize));
         }

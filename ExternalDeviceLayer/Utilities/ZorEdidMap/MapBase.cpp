@@ -308,11 +308,13 @@ SBreach CheckPairNotZero(const CRecord& /*oPair*/, unsigned int uiValue)
 template <bool ALWAYS>
 constexpr SRow gsc_aoPairRows[] = {
     { eId_Unused, Run(0, 2), "Unused", Filler(gsc_uiUnusedStandard, eZorEdidRule_None), IsUnusedPair },
-    { eId_BaseStandardHorizontalPixels, Byte(0), "Horizontal addressable pixels", Number("pixels").Times(8, 248),
-      IsUsedPair, CheckPairNotZero },
-    { eId_BaseStandardAspectRatio, Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoOldAspects), IsSquarePair<ALWAYS> },
-    { eId_BaseStandardAspectRatio, Bits(1, 7, 6), "Image aspect ratio", Names(gsc_aoAspects), IsWidePair<ALWAYS> },
-    { eId_BaseStandardRefreshRate, Bits(1, 5, 0), "Field refresh rate", Number("Hz").Times(1, 60), IsUsedPair },
+    { eId_BaseStandardHorizontalPixels, gsc_oStandardWidth, "Horizontal addressable pixels",
+      Number("pixels").Times(8, 248), IsUsedPair, CheckPairNotZero },
+    { eId_BaseStandardAspectRatio, gsc_oStandardAspect, "Image aspect ratio", Names(gsc_aoOldAspects),
+      IsSquarePair<ALWAYS> },
+    { eId_BaseStandardAspectRatio, gsc_oStandardAspect, "Image aspect ratio", Names(gsc_aoAspects),
+      IsWidePair<ALWAYS> },
+    { eId_BaseStandardRefreshRate, gsc_oStandardRate, "Field refresh rate", Number("Hz").Times(1, 60), IsUsedPair },
 };
 
 // ---- The end of the block, E-EDID 3.11 ----

@@ -239,8 +239,8 @@ constexpr SRow gsc_aoHeaderRows[] = {
     { eId_CtaDataBlockLength, Split({ gsc_oHeaderLength }), "Length", Number("bytes") },
     { eId_CtaDataBlockExtendedTag, Byte(1), "Extended tag code",
       Names({ gsc_oExtendedTags.m_aoMeanings, gsc_oExtendedTags.m_uiCount }), IsExtended },
-    { eId_CtaDataBlockOui, Little24(1), "IEEE OUI", Oui(), IsVendor },
-    { eId_CtaDataBlockOui, Little24(2), "IEEE OUI", Oui(), IsExtendedVendor },
+    { eId_CtaDataBlockOui, Shifted(gsc_oOui, gsc_uiHeaderSize), "IEEE OUI", Oui(), IsVendor },
+    { eId_CtaDataBlockOui, Shifted(gsc_oOui, gsc_uiHeaderSize + 1), "IEEE OUI", Oui(), IsExtendedVendor },
 };
 constexpr STable gsc_oHeaderTable = { eZorEdidField_None, "Data block header", eArea_Structure, gsc_aoHeaderRows };
 
@@ -306,7 +306,7 @@ SFound FindDataBlock(const CMapWriter& oWriter, unsigned int uiStart, const CDat
     unsigned int uiOui = gsc_uiAnyOui;
     if (HasOui(uiTag, uiExtended) && oFound.m_uiSize >= oFound.m_uiHeader + gsc_uiOuiSize)
     {
-        uiOui = oRecord.Get(Little24(oFound.m_uiHeader));
+        uiOui = oRecord.Get(Shifted(gsc_oOui, oFound.m_uiHeader));
         oFound.m_uiHeader += gsc_uiOuiSize;
     }
     oFound.m_poKind = FindKind(uiTag, uiExtended, uiOui);

@@ -13,18 +13,15 @@ namespace
 {
 // ---- AMD: variable refresh rate. Not published; what is known comes from drivers ----
 
-constexpr unsigned int gsc_uiAmdMinimumRateOffset = 2;
-constexpr unsigned int gsc_uiAmdMaximumOffset = 6;
-constexpr unsigned int gsc_uiAmdSecondMaximumOffset = 8;
-
 bool HasAmdWideRate(const CRecord& oAmd)
 {
-    return oAmd.GetByte(0) >= Amd::gsc_uiVersionWithWideRate && oAmd.GetSize() >= Amd::gsc_uiWideSize;
+    return oAmd.Get(Amd::gsc_oVersion) >= Amd::gsc_uiVersionWithWideRate && oAmd.GetSize() >= Amd::gsc_uiWideSize;
 }
 
 bool HasAmdHdr(const CRecord& oAmd)
 {
-    return oAmd.GetByte(0) >= Amd::gsc_uiVersionWithHdr && oAmd.GetSize() >= Amd::gsc_uiHdrSize && oAmd.IsSet(1, 1);
+    return oAmd.Get(Amd::gsc_oVersion) >= Amd::gsc_uiVersionWithHdr && oAmd.GetSize() >= Amd::gsc_uiHdrSize &&
+           oAmd.IsSet(Amd::gsc_oLuminancesValid);
 }
 
 constexpr unsigned int gsc_uiDecimals = 3;
@@ -35,15 +32,15 @@ long long AmdMaximum(const CRecord& /*oAmd*/, unsigned int uiCode)
     return (Colour::LuminanceOfCode(uiCode) + 500) / 1000;
 }
 
-template <unsigned int MAXIMUM>
+template <const SPlace& MAXIMUM>
 long long AmdMinimum(const CRecord& oAmd, unsigned int uiCode)
 {
-    return Colour::MinimumLuminanceOfCode(oAmd.GetByte(MAXIMUM), uiCode);
+    return Colour::MinimumLuminanceOfCode(oAmd.Get(MAXIMUM), uiCode);
 }
 
 SBreach CheckAmdRate(const CRecord& oAmd, unsigned int uiRate)
 {
-    return CheckAtLeast(oAmd.GetByte(gsc_uiAmdMinimumRateOffset), uiRate, eZorEdidRule_CtaAmdRate);
+    return CheckAtLeast(oAmd.Get(Amd::gsc_oMinRefreshRate), uiRate, eZorEdidRule_CtaAmdRate);
 }
 
 constexpr SForm gsc_oAmdMaximum = Number("cd/m2").Computed(AmdMaximum).Decimals(gsc_uiDecimals);
@@ -65,11 +62,11 @@ constexpr SRow gsc_aoAmdRows[] = {
     { eId_Unknown, Byte(5), "Unknown", Unknown() },
     { eId_CtaAmdMaxLuminance, Amd::gsc_oMaxLuminance, "Maximum luminance", gsc_oAmdMaximum, HasAmdHdr },
     { eId_CtaAmdMinLuminance, Amd::gsc_oMinLuminance, "Minimum luminance",
-      AmdMinimumForm(AmdMinimum<gsc_uiAmdMaximumOffset>), HasAmdHdr },
+      AmdMinimumForm(AmdMinimum<Amd::gsc_oMaxLuminance>), HasAmdHdr },
     { eId_CtaAmdSecondMaxLuminance, Amd::gsc_oSecondMaxLuminance, "Second maximum luminance", gsc_oAmdMaximum,
       HasAmdHdr },
     { eId_CtaAmdSecondMinLuminance, Amd::gsc_oSecondMinLuminance, "Second minimum luminance",
-      AmdMinimumForm(AmdMinimum<gsc_uiAmdSecondMaximumOffset>), HasAmdHdr },
+      AmdMinimumForm(AmdMinimum<Amd::gsc_oSecondMaxLuminance>), HasAmdHdr },
     { eId_Unknown, Run(6, 4), "Unknown", Unknown(), IsNot<HasAmdHdr> },
     { eId_CtaAmdMaxRefreshRate, Amd::gsc_oWideMaxRefreshRate, "Maximum refresh rate", Number("Hz"), HasAmdWideRate,
       CheckAmdRate },
@@ -80,7 +77,10 @@ constexpr SRow gsc_aoAmdRows[] = {
 
 // ---- Microsoft: head-mounted and specialised displays ----
 
-bool HasUsage(const CRecord& oMicrosoft) { return oMicrosoft.GetByte(0) >= Microsoft::gsc_uiVersionWithUsage; }
+bool HasUsage(const CRecord& oMicrosoft)
+{
+    return oMicrosoft.Get(Microsoft::gsc_oVersion) >= Microsoft::gsc_uiVersionWithUsage;
+}
 
 constexpr SMeaning gsc_aoUseCases[] = {
     { 0, 0, "unknown" },

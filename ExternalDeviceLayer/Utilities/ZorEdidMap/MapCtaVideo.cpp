@@ -35,8 +35,8 @@ SBreach CheckOlderCode(const CRecord& /*oSvd*/, unsigned int uiCode)
 constexpr SMeaning gsc_aoReservedCode[] = { { 0, 255, gsc_szReserved } };
 
 constexpr SRow gsc_aoVideoRows[] = {
-    { eId_CtaVideoNative, Bit(0, 7), "Native", Flag(), IsSvdWithNative },
-    { eId_CtaVideoVic, Bits(0, 6, 0), "Video identification code", gsc_oVideoCode, IsSvdWithNative },
+    { eId_CtaVideoNative, gsc_oSvdNative, "Native", Flag(), IsSvdWithNative },
+    { eId_CtaVideoVic, gsc_oSvdCode, "Video identification code", gsc_oVideoCode, IsSvdWithNative },
     { eId_CtaVideoVic, Byte(0), "Video identification code", gsc_oVideoCode, IsSvdWithoutNative, CheckOlderCode },
     { eId_CtaVideoVic, Byte(0), "Video identification code", Names(gsc_aoReservedCode), IsSvdReserved },
 };

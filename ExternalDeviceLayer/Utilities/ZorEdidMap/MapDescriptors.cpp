@@ -444,11 +444,12 @@ SBreach CheckCodeLines(const CRecord& /*oRecord*/, unsigned int uiLines)
     return (uiLines & 0xFF) == 0 ? eZorEdidRule_CvtLines : eZorEdidRule_None;
 }
 
-// 50, 60, 75 and 85 Hz have bits 4 to 1; bit 0 is 60 Hz, too.
+// With either blanking.
 SBreach CheckCodeRate(const CRecord& oRecord, unsigned int uiRate)
 {
-    constexpr unsigned int uiRate60 = 1;
-    const bool bSupported = oRecord.IsSet(2, 4 - uiRate) || (uiRate == uiRate60 && oRecord.IsSet(2, 0));
+    const bool bSupported = std::ranges::any_of(gsc_aoCvtCodeRates, [&](const SCvtCodeRate& oRate) {
+        return oRate.m_uiRate == gsc_aoCvtCodeRates[uiRate].m_uiRate && oRecord.IsSet(oRate.m_oPlace);
+    });
     return bSupported ? eZorEdidRule_None : eZorEdidRule_CvtRate;
 }
 
@@ -467,16 +468,21 @@ constexpr SRow gsc_aoCodeRows[] = {
     { eId_Unused, Run(0, 3), "Unused", Reserved(), IsCodeUnused },
     { eId_BaseCvtCodeVerticalActive, gsc_oCvtCodeLines, "Addressable lines", Number("lines").Times(2, 2), IsCodeUsed,
       CheckCodeLines },
-    { eId_BaseCvtCodeAspectRatio, Bits(1, 3, 2), "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
+    { eId_BaseCvtCodeAspectRatio, gsc_oCvtCodeAspect, "Aspect ratio", Names(gsc_aoCodeAspects), IsCodeUsed },
     { eId_Reserved, Bits(1, 1, 0), "Reserved", Reserved(), IsCodeUsed },
     { eId_Reserved, Bit(2, 7), "Reserved", Reserved(), IsCodeUsed },
-    { eId_BaseCvtCodePreferredRate, Bits(2, 6, 5), "Preferred vertical rate", Names(gsc_aoRateNames), IsCodeUsed,
-      CheckCodeRate },
-    { eId_BaseCvtCode50HzStandard, Bit(2, 4), "50 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
-    { eId_BaseCvtCode60HzStandard, Bit(2, 3), "60 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
-    { eId_BaseCvtCode75HzStandard, Bit(2, 2), "75 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
-    { eId_BaseCvtCode85HzStandard, Bit(2, 1), "85 Hz with standard blanking", Flag(gsc_aoSupported), IsCodeUsed },
-    { eId_BaseCvtCode60HzReduced, Bit(2, 0), "60 Hz with reduced blanking", Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCodePreferredRate, gsc_oCvtCodePreferred, "Preferred vertical rate", Names(gsc_aoRateNames),
+      IsCodeUsed, CheckCodeRate },
+    { eId_BaseCvtCode50HzStandard, gsc_aoCvtCodeRates[0].m_oPlace, "50 Hz with standard blanking",
+      Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCode60HzStandard, gsc_aoCvtCodeRates[1].m_oPlace, "60 Hz with standard blanking",
+      Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCode75HzStandard, gsc_aoCvtCodeRates[2].m_oPlace, "75 Hz with standard blanking",
+      Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCode85HzStandard, gsc_aoCvtCodeRates[3].m_oPlace, "85 Hz with standard blanking",
+      Flag(gsc_aoSupported), IsCodeUsed },
+    { eId_BaseCvtCode60HzReduced, gsc_aoCvtCodeRates[4].m_oPlace, "60 Hz with reduced blanking", Flag(gsc_aoSupported),
+      IsCodeUsed },
 };
 
 constexpr SRow gsc_aoCodesRows[] = {

@@ -15,6 +15,9 @@ namespace ZorMap
 inline constexpr unsigned int gsc_uiDataBlockFlagsOffset = 1;
 inline constexpr unsigned int gsc_uiPayloadOffset = 3;
 
+// A place that counts from the start of the payload.
+constexpr SPlace InPayload(const SPlace& oPlace) { return Shifted(oPlace, gsc_uiPayloadOffset); }
+
 // Bits 6 to 4 of the flags, or those given, make each item longer.
 constexpr SPayloadRule ItemsWithExtraBytes(unsigned int uiBytes, unsigned int uiHigh = 6, unsigned int uiLow = 4)
 {

@@ -18,12 +18,12 @@ constexpr auto gsc_aoDiscrete = Listed({ "continuous within the limits", "discre
 
 SBreach CheckMaximumClock(const CRecord& oBlock, unsigned int uiClock)
 {
-    return CheckAtLeast(oBlock.Get(Little24(0x03)), uiClock);
+    return CheckAtLeast(oBlock.Get(DisplayId::gsc_oRangeMinPixelClock), uiClock);
 }
-template <unsigned int OFFSET>
+template <const SPlace& MINIMUM>
 SBreach CheckMaximum(const CRecord& oBlock, unsigned int uiValue)
 {
-    return CheckAtLeast(oBlock.GetByte(OFFSET), uiValue);
+    return CheckAtLeast(oBlock.Get(MINIMUM), uiValue);
 }
 
 constexpr SRow gsc_aoRangeRows[] = {
@@ -34,12 +34,12 @@ constexpr SRow gsc_aoRangeRows[] = {
     { eId_DisplayidRangeMinHorizontalFrequency, DisplayId::gsc_oRangeMinHorizontalRate, "Minimum horizontal frequency",
       Number("kHz") },
     { eId_DisplayidRangeMaxHorizontalFrequency, DisplayId::gsc_oRangeMaxHorizontalRate, "Maximum horizontal frequency",
-      Number("kHz"), nullptr, CheckMaximum<0x09> },
+      Number("kHz"), nullptr, CheckMaximum<DisplayId::gsc_oRangeMinHorizontalRate> },
     { eId_DisplayidRangeMinHorizontalBlanking, Little16(0x0B), "Minimum horizontal blanking", Number("pixels") },
     { eId_DisplayidRangeMinVerticalRefreshRate, DisplayId::gsc_oRangeMinVerticalRate, "Minimum vertical refresh rate",
       Number("Hz") },
     { eId_DisplayidRangeMaxVerticalRefreshRate, DisplayId::gsc_oRangeMaxVerticalRate, "Maximum vertical refresh rate",
-      Number("Hz"), nullptr, CheckMaximum<0x0D> },
+      Number("Hz"), nullptr, CheckMaximum<DisplayId::gsc_oRangeMinVerticalRate> },
     { eId_DisplayidRangeMinVerticalBlanking, Little16(0x0F), "Minimum vertical blanking", Number("lines") },
     { eId_DisplayidRangeInterlacedTimings, Bit(0x11, 7), "Interlaced timings", Flag(gsc_aoSupported) },
     { eId_DisplayidRangeCvtTimings, Bit(0x11, 6), "CVT timings", Flag(gsc_aoSupported) },
@@ -54,7 +54,11 @@ CMString RatesText(unsigned int uiLeast, unsigned int uiMost)
     sText.Format("%u to %u Hz", uiLeast, uiMost);
     return sText;
 }
-CMString RangeText(const CRecord& oBlock) { return RatesText(oBlock.GetByte(0x0D), oBlock.GetByte(0x0E)); }
+CMString RangeText(const CRecord& oBlock)
+{
+    return RatesText(oBlock.Get(DisplayId::gsc_oRangeMinVerticalRate),
+                     oBlock.Get(DisplayId::gsc_oRangeMaxVerticalRate));
+}
 constexpr STable gsc_oRange = { eId_DisplayidRange, "Video timing range limits", eArea_Timing, gsc_aoRangeRows };
 
 // ---- Dynamic video timing range limits, DisplayID 2.0 (tag 25h): 9 bytes ----
@@ -66,9 +70,10 @@ constexpr SRow gsc_aoDynamicRangeRows[] = {
     { eId_DisplayidRangeMinVerticalRefreshRate, DisplayId::gsc_oDynamicMinVerticalRate, "Minimum vertical refresh rate",
       Number("Hz") },
     { eId_DisplayidRangeMaxVerticalRefreshRate, DisplayId::gsc_oDynamicMaxVerticalRate, "Maximum vertical refresh rate",
-      Number("Hz"), IsRevision0, CheckMaximum<0x09> },
+      Number("Hz"), IsRevision0, CheckMaximum<DisplayId::gsc_oDynamicMinVerticalRate> },
     { eId_DisplayidRangeMaxVerticalRefreshRate, DisplayId::gsc_oDynamicWideMaxVerticalRate,
-      "Maximum vertical refresh rate", Number("Hz"), IsRevision1Plus, CheckMaximum<0x09> },
+      "Maximum vertical refresh rate", Number("Hz"), IsRevision1Plus,
+      CheckMaximum<DisplayId::gsc_oDynamicMinVerticalRate> },
     { eId_DisplayidDynamicRangeSeamless, DisplayId::gsc_oDynamicSeamless, "Seamless dynamic video timing",
       Flag(gsc_aoSupported) },
     { eId_Reserved, Bits(0x0B, 6, 0), "Reserved", Reserved(), IsRevision0 },
@@ -76,9 +81,9 @@ constexpr SRow gsc_aoDynamicRangeRows[] = {
 };
 CMString DynamicRangeText(const CRecord& oBlock)
 {
-    const unsigned int uiMost =
-        IsRevision0(oBlock) ? oBlock.GetByte(0x0A) : oBlock.Get(DisplayId::gsc_oDynamicWideMaxVerticalRate);
-    return RatesText(oBlock.GetByte(0x09), uiMost);
+    const unsigned int uiMost = oBlock.Get(IsRevision0(oBlock) ? DisplayId::gsc_oDynamicMaxVerticalRate
+                                                               : DisplayId::gsc_oDynamicWideMaxVerticalRate);
+    return RatesText(oBlock.Get(DisplayId::gsc_oDynamicMinVerticalRate), uiMost);
 }
 constexpr STable gsc_oDynamicRange = { eId_DisplayidDynamicRange, "Dynamic video timing range limits", eArea_Timing,
                                        gsc_aoDynamicRangeRows };
@@ -427,10 +432,10 @@ long long GetBezel(const CRecord& oBlock, unsigned int uiSize)
     return static_cast<long long>(uiSize) * oBlock.GetByte(0x0B);
 }
 
-constexpr SPlace gsc_oTilesX = Split({ { 0x06, 7, 6 }, { 0x04, 7, 4 } });
-constexpr SPlace gsc_oTilesY = Split({ { 0x06, 5, 4 }, { 0x04, 3, 0 } });
-constexpr SPlace gsc_oTileX = Split({ { 0x06, 3, 2 }, { 0x05, 7, 4 } });
-constexpr SPlace gsc_oTileY = Split({ { 0x06, 1, 0 }, { 0x05, 3, 0 } });
+constexpr SPlace gsc_oTilesX = InPayload(DisplayId::gsc_oTileCountX);
+constexpr SPlace gsc_oTilesY = InPayload(DisplayId::gsc_oTileCountY);
+constexpr SPlace gsc_oTileX = InPayload(DisplayId::gsc_oTileLocationX);
+constexpr SPlace gsc_oTileY = InPayload(DisplayId::gsc_oTileLocationY);
 
 template <const SPlace& COUNT>
 SBreach CheckLocation(const CRecord& oBlock, unsigned int uiLocation)
@@ -443,20 +448,24 @@ constexpr SForm gsc_oBezelForm = Number("pixels").Decimals(1).Computed(GetBezel)
 constexpr auto TileRows(const SRow& oVendor)
 {
     return std::to_array<SRow>({
-        { eId_DisplayidTiledEnclosures, Bit(0x03, 7), "Physical enclosures", Flag(gsc_aoEnclosures) },
-        { eId_DisplayidTiledBezelInformation, Bit(0x03, 6), "Bezel information", Flag(gsc_aoBezels) },
+        { eId_DisplayidTiledEnclosures, InPayload(DisplayId::gsc_oSingleEnclosure), "Physical enclosures",
+          Flag(gsc_aoEnclosures) },
+        { eId_DisplayidTiledBezelInformation, InPayload(DisplayId::gsc_oBezelInfo), "Bezel information",
+          Flag(gsc_aoBezels) },
         { eId_Reserved, Bit(0x03, 5), "Reserved", Reserved() },
-        { eId_DisplayidTiledSomeTilesBehavior, Bits(0x03, 4, 3),
+        { eId_DisplayidTiledSomeTilesBehavior, InPayload(DisplayId::gsc_oMultiTileBehaviour),
           "Behavior when more than one tile is driven, but not all", Names(gsc_aoSomeTiles) },
-        { eId_DisplayidTiledOnlyTileBehavior, Bits(0x03, 2, 0), "Behavior when it is the only tile driven",
-          Names(gsc_aoOneTile) },
+        { eId_DisplayidTiledOnlyTileBehavior, InPayload(DisplayId::gsc_oSingleTileBehaviour),
+          "Behavior when it is the only tile driven", Names(gsc_aoOneTile) },
         { eId_DisplayidTiledHorizontalTiles, gsc_oTilesX, "Number of horizontal tiles", NumberFrom1() },
         { eId_DisplayidTiledVerticalTiles, gsc_oTilesY, "Number of vertical tiles", NumberFrom1() },
         { eId_DisplayidTiledColumn, gsc_oTileX, "Horizontal tile location", Number(), nullptr,
           CheckLocation<gsc_oTilesX> },
         { eId_DisplayidTiledRow, gsc_oTileY, "Vertical tile location", Number(), nullptr, CheckLocation<gsc_oTilesY> },
-        { eId_DisplayidTiledTileWidth, Little16(0x07), "Horizontal tile size", NumberFrom1("pixels") },
-        { eId_DisplayidTiledTileHeight, Little16(0x09), "Vertical tile size", NumberFrom1("lines") },
+        { eId_DisplayidTiledTileWidth, InPayload(DisplayId::gsc_oTileWidth), "Horizontal tile size",
+          NumberFrom1("pixels") },
+        { eId_DisplayidTiledTileHeight, InPayload(DisplayId::gsc_oTileHeight), "Vertical tile size",
+          NumberFrom1("lines") },
         { eId_DisplayidTiledPixelMultiplier, Byte(0x0B), "Pixel multiplier", Number(), nullptr, CheckMultiplier },
         { eId_DisplayidTiledTopBezel, Byte(0x0C), "Top bezel size", gsc_oBezelForm, HasBezels },
         { eId_DisplayidTiledBottomBezel, Byte(0x0D), "Bottom bezel size", gsc_oBezelForm, HasBezels },
@@ -464,14 +473,17 @@ constexpr auto TileRows(const SRow& oVendor)
         { eId_DisplayidTiledLeftBezel, Byte(0x0F), "Left bezel size", gsc_oBezelForm, HasBezels },
         { eId_Reserved, Run(0x0C, 4), "Bezel sizes, not used", Reserved(), IsNot<HasBezels> },
         oVendor,
-        { eId_DisplayidTiledProductCode, Little16(0x13), "Tiled display product ID code", Number() },
-        { eId_DisplayidTiledSerialNumber, Little32(0x15), "Tiled display serial number", Number() },
+        { eId_DisplayidTiledProductCode, InPayload(DisplayId::gsc_oTileProduct), "Tiled display product ID code",
+          Number() },
+        { eId_DisplayidTiledSerialNumber, InPayload(DisplayId::gsc_oTileSerial), "Tiled display serial number",
+          Number() },
     });
 }
-constexpr auto gsc_aoTile1Rows =
-    TileRows(LettersRow<0x10>(eId_DisplayidTiledVendor, "Tiled display manufacturer/vendor ID"));
+constexpr auto gsc_aoTile1Rows = TileRows(LettersRow<gsc_uiPayloadOffset + DisplayId::gsc_uiTileVendorOffset>(
+    eId_DisplayidTiledVendor, "Tiled display manufacturer/vendor ID"));
 constexpr auto gsc_aoTile2Rows =
-    TileRows({ eId_DisplayidTiledVendor, Big24(0x10), "Tiled display manufacturer/vendor ID", Oui() });
+    TileRows({ eId_DisplayidTiledVendor, InPayload(Big24(DisplayId::gsc_uiTileVendorOffset)),
+               "Tiled display manufacturer/vendor ID", Oui() });
 
 // "column 1, row 0 of 2 x 1"
 CMString TileText(const CRecord& oBlock)
@@ -494,7 +506,7 @@ constexpr auto gsc_aoSeamless = Listed({ "supported", "not supported" });
 
 SBreach CheckAdaptiveMaximum(const CRecord& oDescriptor, unsigned int uiRate)
 {
-    const unsigned int uiMinimum = oDescriptor.GetByte(2); // the maximum is stored minus 1
+    const unsigned int uiMinimum = oDescriptor.Get(DisplayId::gsc_oAdaptiveMinRate); // the maximum is stored minus 1
     return uiMinimum != 0 ? CheckAtLeast(uiMinimum - 1, uiRate) : gsc_oNoBreach;
 }
 
@@ -520,7 +532,8 @@ constexpr SRow gsc_aoAdaptiveRows[] = {
 
 CMString AdaptiveText(const CRecord& oDescriptor)
 {
-    return RatesText(oDescriptor.GetByte(2), oDescriptor.Get(DisplayId::gsc_oAdaptiveMaxRate) + 1);
+    return RatesText(oDescriptor.Get(DisplayId::gsc_oAdaptiveMinRate),
+                     oDescriptor.Get(DisplayId::gsc_oAdaptiveMaxRate) + 1);
 }
 constexpr STable gsc_oAdaptive = { eId_DisplayidAdaptiveSyncDescriptor, "Adaptive sync descriptor", eArea_Timing,
                                    gsc_aoAdaptiveRows, AdaptiveText };
@@ -537,7 +550,7 @@ constexpr STable gsc_oAdaptiveFlags = { eId_DisplayidAdaptiveSync, "Flags", eAre
 void MapAdaptive(CMapWriter& oWriter, const CRecord& oBlock, unsigned int uiOffset)
 {
     oWriter.AddItems(gsc_oAdaptive, uiOffset + gsc_uiPayloadOffset, GetPayloadLength(oBlock),
-                     gsc_uiAdaptiveSize + oBlock.GetBits(gsc_uiDataBlockFlagsOffset, 6, 4));
+                     gsc_uiAdaptiveSize + oBlock.Get(DisplayId::gsc_oAdaptiveExtraBytes));
 }
 
 // ---- Vendor-specific, DisplayID 1.3 (tag 7Fh) and 2.0 (tag 7Eh); that of VESA, DisplayID 2.1 ----
@@ -547,7 +560,7 @@ constexpr unsigned int gsc_uiVesaDscSize = 7;
 
 bool IsVesa(const CRecord& oBlock)
 {
-    return oBlock.Get(Big24(gsc_uiPayloadOffset)) == gsc_uiOuiVesa && GetPayloadLength(oBlock) >= gsc_uiVesaSize;
+    return oBlock.Get(DisplayId::gsc_oVendorOui) == gsc_uiOuiVesa && GetPayloadLength(oBlock) >= gsc_uiVesaSize;
 }
 bool HasDsc(const CRecord& oBlock) { return IsVesa(oBlock) && GetPayloadLength(oBlock) >= gsc_uiVesaDscSize; }
 
@@ -559,7 +572,7 @@ constexpr auto gsc_aoStreams = Listed({ "not supported", "two streams", "four st
 constexpr SPlace gsc_oDscDepth = Split({ { 0x08, 5, 0 }, { 0x09, 3, 0 } });
 
 constexpr SRow gsc_aoVendor2Rows[] = {
-    { eId_DisplayidVendorId, Big24(0x03), "Manufacturer/vendor ID", Oui() },
+    { eId_DisplayidVendorId, DisplayId::gsc_oVendorOui, "Manufacturer/vendor ID", Oui() },
     { eId_DisplayidVendorDefaultColorSpace, DisplayId::gsc_oVesaNativeColour, "Default color space and EOTF",
       Flag(gsc_aoDefaultColours), IsVesa },
     { eId_Reserved, Bits(0x06, 6, 3), "Reserved", Reserved(), IsVesa },
@@ -581,7 +594,7 @@ constexpr STable gsc_oVendor2 = { eId_DisplayidVendor, "Vendor-specific", eArea_
 
 constexpr SRow gsc_aoVendor1Rows[] = {
     { eId_DisplayidVendorId, Run(0x03, 3), "Manufacturer/vendor ID", Text(), HasLetters<0x03> },
-    { eId_DisplayidVendorId, Big24(0x03), "Manufacturer/vendor ID", Oui(), IsNot<HasLetters<0x03>> },
+    { eId_DisplayidVendorId, DisplayId::gsc_oVendorOui, "Manufacturer/vendor ID", Oui(), IsNot<HasLetters<0x03>> },
     { eId_DisplayidVendorData, RunToEnd(0x06), "Vendor data", Bytes() },
 };
 constexpr STable gsc_oVendor1 = { eId_DisplayidVendor, "Vendor-specific", eArea_Vendor, gsc_aoVendor1Rows };

@@ -30,7 +30,8 @@ SBreach CheckTextLength(const CRecord& oBlock, unsigned int uiLength)
 }
 
 constexpr SRow gsc_oVendorPnp = LettersRow<3>(eId_DisplayidProductVendor, "Manufacturer/vendor ID");
-constexpr SRow gsc_oVendorOui = { eId_DisplayidProductVendor, Big24(3), "Manufacturer/vendor ID", Oui() };
+constexpr SRow gsc_oVendorOui = { eId_DisplayidProductVendor, DisplayId::gsc_oVendorOui, "Manufacturer/vendor ID",
+                                  Oui() };
 
 constexpr auto ProductRows(const SRow& oVendor)
 {

@@ -74,7 +74,7 @@ bool HasDisputedHdmi(const CEdidExtBlockCEA861& oCea)
     while (!bDisputed && oWalk.Next({ Cta::gsc_uiVendorTag, false }))
     {
         const CRecordBytes oPayload(oCea.GetData() + oWalk.GetPayload().m_uiOffset, oWalk.GetLength());
-        bDisputed = oPayload.Get(Little24(0)) == gsc_uiOuiHdmi &&
+        bDisputed = oPayload.Get(Cta::gsc_oOui) == gsc_uiOuiHdmi &&
                     Hdmi::IsVideoOffsetDisputed(oPayload.GetPart(Cta::gsc_uiOuiSize, oPayload.GetSize()));
     }
     return bDisputed;

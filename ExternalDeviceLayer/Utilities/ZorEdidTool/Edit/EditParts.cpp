@@ -53,9 +53,6 @@ std::string FindPart(const CFieldEdits& oFields, const SSetting& oSetting, unsig
 CBytes MakeTile(const CFieldEdits& oFields, const unsigned int (&auiNumbers)[6])
 {
     using namespace DisplayId;
-    constexpr size_t uiVendor = 13;
-    constexpr size_t uiProduct = 16;
-    constexpr size_t uiSerial = 18;
     CBytes aui8Payload(gsc_uiTiledTopologySize);
     unsigned char* pui8Tile = aui8Payload.data();
     gsc_oSingleEnclosure.Write(pui8Tile, 1);
@@ -68,9 +65,10 @@ CBytes MakeTile(const CFieldEdits& oFields, const unsigned int (&auiNumbers)[6])
     gsc_oTileHeight.Write(pui8Tile, auiNumbers[5] - 1);
     const unsigned char* pui8Base = oFields.GetMap().GetData();
     const BaseBlock::SManufacturerCode oMaker = BaseBlock::ReadManufacturerCode(pui8Base);
-    std::copy(oMaker.m_szCode, oMaker.m_szCode + BaseBlock::gsc_uiManufacturerLetters, pui8Tile + uiVendor);
-    WriteLittle16(pui8Tile + uiProduct, BaseBlock::ReadProductCode(pui8Base));
-    WriteLittle32(pui8Tile + uiSerial, BaseBlock::ReadSerialNumber(pui8Base));
+    std::copy(oMaker.m_szCode, oMaker.m_szCode + BaseBlock::gsc_uiManufacturerLetters,
+              pui8Tile + gsc_uiTileVendorOffset);
+    gsc_oTileProduct.Write(pui8Tile, BaseBlock::ReadProductCode(pui8Base));
+    gsc_oTileSerial.Write(pui8Tile, BaseBlock::ReadSerialNumber(pui8Base));
     return aui8Payload;
 }
 } // namespace

@@ -74,10 +74,7 @@ CVidParamTimingGeneric MakeTiming(const SZorMode& oMode)
 // ---- Native format ----
 
 // Only EDID 1.4 has the bit: before, it declares the preferred timing itself.
-bool IsCalledNative(const unsigned char* pui8Base)
-{
-    return IsAtLeastRevision(pui8Base, gsc_uiVideoInputRevision) && gsc_oPreferredIsNative.Read(pui8Base) != 0;
-}
+bool IsCalledNative(const unsigned char* pui8Base) { return IsNativeTimingDeclared(pui8Base); }
 
 // ---- Stereo viewing ----
 

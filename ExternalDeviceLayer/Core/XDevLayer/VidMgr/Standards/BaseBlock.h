@@ -107,6 +107,13 @@ constexpr bool IsPreferredTimingDeclared(const unsigned char* pui8Block)
            (pui8Block[gsc_uiFeaturesOffset] & gsc_uiPreferredTimingMask) != 0;
 }
 
+// Whether the first detailed timing is said to be the native one. Before revision 4 the bit says that it is preferred.
+constexpr unsigned int gsc_uiNativeTimingRevision = 4;
+constexpr bool IsNativeTimingDeclared(const unsigned char* pui8Block)
+{
+    return IsAtLeastRevision(pui8Block, gsc_uiNativeTimingRevision) && gsc_oPreferredIsNative.IsSet(pui8Block);
+}
+
 // The manufacturer's letters, terminated.
 constexpr unsigned int gsc_uiManufacturerLetters = 3;
 struct SManufacturerCode

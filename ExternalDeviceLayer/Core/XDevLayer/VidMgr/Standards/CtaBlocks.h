@@ -59,6 +59,7 @@ constexpr unsigned int gsc_uiExtendedOverride = 120; // of the number of extensi
 constexpr unsigned int gsc_uiExtendedHdmiSink = 121;
 constexpr unsigned int gsc_uiExtendedToneMapping = 122;
 constexpr unsigned int gsc_uiOuiSize = 3;
+inline constexpr SPlace gsc_oOui = Little24(0); // of the payload
 
 // ---- The flags of byte 3, from revision 2 on ----
 

@@ -34,6 +34,7 @@ inline constexpr unsigned int gsc_uiVendor2Tag = 0x7E;
 
 // ---- Product identification, DisplayID 1.3 and 2.0 ----
 
+inline constexpr SPlace gsc_oVendorOui = Big24(0x03); // in DisplayID 2.0; before, three letters. Also vendor-specific
 inline constexpr SPlace gsc_oProductCode = Little16(0x06);
 inline constexpr SPlace gsc_oProductSerial = Little32(0x08);
 inline constexpr SPlace gsc_oProductWeek = Byte(0x0C);

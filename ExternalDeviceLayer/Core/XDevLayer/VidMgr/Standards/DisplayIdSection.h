@@ -131,8 +131,11 @@ inline constexpr SPlace gsc_oTileCountX = Split({ { 3, 7, 6 }, { 1, 7, 4 } });
 inline constexpr SPlace gsc_oTileCountY = Split({ { 3, 5, 4 }, { 1, 3, 0 } });
 inline constexpr SPlace gsc_oTileLocationX = Split({ { 3, 3, 2 }, { 2, 7, 4 } });
 inline constexpr SPlace gsc_oTileLocationY = Split({ { 3, 1, 0 }, { 2, 3, 0 } });
-inline constexpr SPlace gsc_oTileWidth = Little16(4);  // pixels
-inline constexpr SPlace gsc_oTileHeight = Little16(6); // lines
+inline constexpr SPlace gsc_oTileWidth = Little16(4);      // pixels
+inline constexpr SPlace gsc_oTileHeight = Little16(6);     // lines
+inline constexpr unsigned int gsc_uiTileVendorOffset = 13; // three letters, in DisplayID 2.0 an OUI
+inline constexpr SPlace gsc_oTileProduct = Little16(16);
+inline constexpr SPlace gsc_oTileSerial = Little32(18);
 
 // ---- Detailed timings, from the start of a record. A field holds its value minus 1, in the unit given ----
 

@@ -179,7 +179,7 @@ bool ReadStandardMode(const CRecordBytes& oRecord, bool bSquare, SZorMode& oMode
     oMode = MakeBareMode(SZorMode::eModeKind_Standard, uiCode, oTiming.m_uiWidth, oTiming.m_uiHeight, false,
                          WholeRate(oTiming.m_uiRate));
     SetAspect(oMode, oTiming.m_oAspect);
-    const bool bOldRatio = bSquare && oRecord.GetBits(1, 7, 6) == 0;
+    const bool bOldRatio = bSquare && oRecord.Get(gsc_oStandardAspect) == 0;
     const SDmtMode* poDmt = bOldRatio ? nullptr : FindDmtModeOfStandard(uiCode);
     if (poDmt != nullptr)
     {
@@ -190,32 +190,21 @@ bool ReadStandardMode(const CRecordBytes& oRecord, bool bSquare, SZorMode& oMode
 
 namespace
 {
-// What one bit of byte 2 of a CVT code announces.
-struct SCodeRate
-{
-    unsigned int m_uiBit;
-    unsigned int m_uiRate; // Hz
-    SZorMode::EBlanking m_eBlanking;
-};
-constexpr SCodeRate gsc_aoCodeRates[] = {
-    { 4, 50, SZorMode::eBlanking_Standard }, { 3, 60, SZorMode::eBlanking_Standard },
-    { 2, 75, SZorMode::eBlanking_Standard }, { 1, 85, SZorMode::eBlanking_Standard },
-    { 0, 60, SZorMode::eBlanking_Reduced1 },
-};
-
 // The preferred rate comes first, whether a bit announces it or not.
-SCodeRate GetCodeRate(const CRecordBytes& oRecord, unsigned int uiRank)
+SCvtCodeRate GetCodeRate(const CRecordBytes& oRecord, unsigned int uiRank)
 {
-    const SCodeRate& oPreferred = gsc_aoCodeRates[oRecord.GetBits(2, 6, 5)];
-    const bool bReduced = oPreferred.m_uiRate == 60 && !oRecord.IsSet(2, oPreferred.m_uiBit) && oRecord.IsSet(2, 0);
-    const SCodeRate& oFirst = bReduced ? gsc_aoCodeRates[4] : oPreferred;
+    const SCvtCodeRate& oPreferred = gsc_aoCvtCodeRates[oRecord.Get(gsc_oCvtCodePreferred)];
+    const SCvtCodeRate& oReduced = gsc_aoCvtCodeRates[4];
+    const bool bReduced = oPreferred.m_uiRate == oReduced.m_uiRate && !oRecord.IsSet(oPreferred.m_oPlace) &&
+                          oRecord.IsSet(oReduced.m_oPlace);
+    const SCvtCodeRate& oFirst = bReduced ? oReduced : oPreferred;
     if (uiRank == 0)
     {
         return oFirst;
     }
-    for (const SCodeRate& oRate : gsc_aoCodeRates)
+    for (const SCvtCodeRate& oRate : gsc_aoCvtCodeRates)
     {
-        if (oRecord.IsSet(2, oRate.m_uiBit) && &oRate != &oFirst && --uiRank == 0)
+        if (oRecord.IsSet(oRate.m_oPlace) && &oRate != &oFirst && --uiRank == 0)
         {
             return oRate;
         }
@@ -228,13 +217,13 @@ bool ReadCvtCodeMode(const CRecordBytes& oRecord, unsigned int uiRank, SZorMode&
 {
     constexpr SRatio aoRatios[] = { { 4, 3 }, { 16, 9 }, { 16, 10 }, { 15, 9 } };
     constexpr unsigned int uiCell = 8; // pixels
-    const SCodeRate oRate = GetCodeRate(oRecord, uiRank);
+    const SCvtCodeRate oRate = GetCodeRate(oRecord, uiRank);
     if (IsUnusedCvtCode(oRecord) || oRate.m_uiRate == 0)
     {
         return false;
     }
     const unsigned int uiLines = (oRecord.Get(gsc_oCvtCodeLines) + 1) * 2;
-    const SRatio& oRatio = aoRatios[oRecord.GetBits(1, 3, 2)];
+    const SRatio& oRatio = aoRatios[oRecord.Get(gsc_oCvtCodeAspect)];
     oMode = MakeBareMode(SZorMode::eModeKind_CvtCode, oRecord.Get(Big24(0)),
                          uiLines * oRatio.m_uiWidth / oRatio.m_uiHeight / uiCell * uiCell, uiLines, false,
                          WholeRate(oRate.m_uiRate));
@@ -246,10 +235,10 @@ bool ReadCvtCodeMode(const CRecordBytes& oRecord, unsigned int uiRank, SZorMode&
 unsigned int GetCvtCodeBit(const SZorMode& oMode)
 {
     unsigned int uiBit = 0;
-    for (const SCodeRate& oRate : gsc_aoCodeRates)
+    for (const SCvtCodeRate& oRate : gsc_aoCvtCodeRates)
     {
         const bool bRate = oMode.m_oNominalRate.m_ullDividend == oRate.m_uiRate;
-        uiBit = bRate && oMode.m_eBlanking == oRate.m_eBlanking ? oRate.m_uiBit : uiBit;
+        uiBit = bRate && oMode.m_eBlanking == oRate.m_eBlanking ? oRate.m_oPlace.m_aoPieces[0].m_ui8Low : uiBit;
     }
     return uiBit;
 }

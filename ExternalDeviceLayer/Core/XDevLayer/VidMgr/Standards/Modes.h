@@ -46,6 +46,19 @@ unsigned int GetCvtCodeBit(const SZorMode& oMode);
 inline constexpr unsigned int gsc_uiCvtCodeSize = 3;
 inline constexpr unsigned int gsc_uiStandardTimingSize = 2;
 inline constexpr SPlace gsc_oCvtCodeLines = Split({ { 1, 7, 4 }, { 0, 7, 0 } }); // half of them, minus 1
+inline constexpr SPlace gsc_oCvtCodeAspect = Bits(1, 3, 2);
+inline constexpr SPlace gsc_oCvtCodePreferred = Bits(2, 6, 5); // which of the first four rates
+struct SCvtCodeRate
+{
+    SPlace m_oPlace;       // of the bit that announces it
+    unsigned int m_uiRate; // Hz
+    SZorMode::EBlanking m_eBlanking;
+};
+inline constexpr SCvtCodeRate gsc_aoCvtCodeRates[] = {
+    { Bit(2, 4), 50, SZorMode::eBlanking_Standard }, { Bit(2, 3), 60, SZorMode::eBlanking_Standard },
+    { Bit(2, 2), 75, SZorMode::eBlanking_Standard }, { Bit(2, 1), 85, SZorMode::eBlanking_Standard },
+    { Bit(2, 0), 60, SZorMode::eBlanking_Reduced1 },
+};
 constexpr bool IsUnusedCvtCode(const CRecordBytes& oRecord)
 {
     return (oRecord.GetByte(0) | oRecord.GetByte(1) | oRecord.GetByte(2)) == 0;

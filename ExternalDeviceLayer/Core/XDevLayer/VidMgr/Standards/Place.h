@@ -146,6 +146,16 @@ constexpr SPlace Little32(unsigned int uiOffset)
                    { PlaceByte(uiOffset), 7, 0 } });
 }
 
+// The same in a structure that begins uiBytes earlier.
+constexpr SPlace Shifted(SPlace oPlace, unsigned int uiBytes)
+{
+    for (SBitsPlace& oPiece : oPlace.m_aoPieces)
+    {
+        oPiece.m_ui8Offset = PlaceByte(oPiece.m_ui8Offset + uiBytes);
+    }
+    return oPlace;
+}
+
 constexpr SPlace RunToEnd(unsigned int uiOffset)
 {
     SPlace oPlace = Byte(uiOffset);

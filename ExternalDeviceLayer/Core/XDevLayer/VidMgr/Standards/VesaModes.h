@@ -5,6 +5,7 @@
 #include <array>
 #include <iterator>
 
+#include "Place.h"
 #include "PublishedTiming.h"
 
 namespace ZorStandards
@@ -197,14 +198,19 @@ struct SStandardTiming
     SRatio m_oAspect;
 };
 
+inline constexpr SPlace gsc_oStandardWidth = Byte(0); // 8 pixels, minus 31
+inline constexpr SPlace gsc_oStandardAspect = Bits(1, 7, 6);
+inline constexpr SPlace gsc_oStandardRate = Bits(1, 5, 0); // Hz, minus 60
+
 // By the two bytes of one in use. bSquare: aspect code 0 is 1:1, as before E-EDID 1.3, instead of 16:10.
 constexpr SStandardTiming ReadStandardTiming(unsigned int uiFirst, unsigned int uiSecond, bool bSquare)
 {
     constexpr SRatio aoRatios[] = { { 16, 10 }, { 4, 3 }, { 5, 4 }, { 16, 9 } };
-    const unsigned int uiWidth = uiFirst * 8 + 248;
-    const unsigned int uiAspect = uiSecond >> 6;
+    const unsigned char aui8Bytes[] = { static_cast<unsigned char>(uiFirst), static_cast<unsigned char>(uiSecond) };
+    const unsigned int uiWidth = (gsc_oStandardWidth.Read(aui8Bytes) + 31) * 8;
+    const unsigned int uiAspect = gsc_oStandardAspect.Read(aui8Bytes);
     const SRatio oRatio = bSquare && uiAspect == 0 ? SRatio{ 1, 1 } : aoRatios[uiAspect];
-    return { uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth, (uiSecond & 0x3F) + 60, oRatio };
+    return { uiWidth, uiWidth * oRatio.m_uiHeight / oRatio.m_uiWidth, gsc_oStandardRate.Read(aui8Bytes) + 60, oRatio };
 }
 
 // ---- Established timings I and II, E-EDID 3.8: from bit 7 of byte 23h on ----

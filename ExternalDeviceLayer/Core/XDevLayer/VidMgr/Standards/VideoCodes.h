@@ -5,6 +5,7 @@
 
 #include <iterator>
 
+#include "Place.h"
 #include "PublishedTiming.h"
 
 namespace ZorStandards
@@ -210,7 +211,9 @@ struct SShortVideo
     bool m_bNative;
 };
 
-inline constexpr unsigned int gsc_uiNativeBit = 0x80;
+inline constexpr SPlace gsc_oSvdNative = Bit(0, 7); // of codes that have it; others take the whole byte
+inline constexpr SPlace gsc_oSvdCode = Bits(0, 6, 0);
+inline constexpr unsigned int gsc_uiNativeBit = gsc_oSvdNative.m_aoPieces[0].GetMask();
 inline constexpr unsigned int gsc_uiHighestSvd = 253;
 inline constexpr unsigned int gsc_uiLastNativeSvd = 192; // past it all 8 bits are the code
 

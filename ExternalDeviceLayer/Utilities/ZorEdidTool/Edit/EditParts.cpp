@@ -29,12 +29,12 @@ std::string AddPart(CFieldEdits& oFields, EZorEdidField eId, const CBytes& aui8B
                                              : oFields.AddDataBlock(eId, aui8Bytes);
 }
 
-// The first detailed timing of an image that declares it the preferred one, as all of EDID 1.4 do.
+// The first detailed timing of an image that declares it the preferred one.
 bool IsPreferredTiming(const CFieldEdits& oFields, unsigned int uiField)
 {
     const CZorEdidMap::SField& oField = oFields.GetMap().GetField(uiField);
     return oField.m_eId == eZorEdidField_BaseDetailed && oField.m_uiOffset == BaseBlock::DescriptorOffset(0) &&
-           (oFields.IsRevision4() || oFields.GetNumber(eZorEdidField_BaseDisplayPreferredTiming) != 0);
+           BaseBlock::IsPreferredTimingDeclared(oFields.GetMap().GetData());
 }
 
 // The part that is meant, in a block of its checksum; a whole block goes or moves with any. Else the reason.

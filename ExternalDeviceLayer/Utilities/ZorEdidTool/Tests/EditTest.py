@@ -169,6 +169,8 @@ class Edits(unittest.TestCase):
                  "1280x720@59.94"),
                 (IMAGE, "--preferred 1280x720@60 --remove 1280x720@60",
                  "block 0: Detailed timing: the preferred timing can only be replaced, by --preferred"),
+                (change({19: "03", 24: "08"}, IMAGE), "--remove-part base.detailed[0]",
+                 "--remove-part base.detailed[0]: the preferred timing can only be replaced, by --preferred"),
                 (section("810002" "4161", 0x20), "--remove 3840x2160@60 --serial 1",
                  ": only --set reaches CTA-861 data blocks in a DisplayID block"),
                 (section("81001b" "f62202" "bfd401" + TYPE_1 + "23090707", 0x20), "--remove 1600x900@60",

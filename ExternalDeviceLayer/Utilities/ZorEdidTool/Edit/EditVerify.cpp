@@ -243,17 +243,22 @@ private:
         return oField.m_uiOffset >= uiBlock + m_aui8Expected[uiBlock + ZorStandards::Cta::gsc_uiDetailedStartOffset];
     }
 
-    // Written in the only way that changes nothing else; what is written must say what is wanted.
+    // As the edits write them, which must say what is wanted. Of the 18 bytes only rates, the flags of their offsets,
+    // the clock, and its precision with CVT can have changed.
     void ExpectLimits(const CField& oField, const SLimits& oLimits)
     {
         CBytes aui8Limits(m_aui8Expected.begin() + oField.m_uiOffset,
                           m_aui8Expected.begin() + oField.m_uiOffset + oField.m_uiLength);
         const unsigned int uiRevision = ZorStandards::BaseBlock::ReadRevision(m_aui8Expected.data());
-        if (WriteLimits(aui8Limits.data(), uiRevision, oLimits) &&
-            ZorStandards::Descriptors::ReadRangeLimits(aui8Limits.data(), uiRevision) == oLimits)
+        if (!WriteLimits(aui8Limits.data(), uiRevision, oLimits) ||
+            ZorStandards::Descriptors::ReadRangeLimits(aui8Limits.data(), uiRevision) != oLimits)
         {
-            Put(oField.m_uiOffset, aui8Limits);
+            return;
         }
+        const unsigned int uiPrecision = uiRevision >= 4 && aui8Limits[10] == 4 ? 0xFC : 0;
+        Put(oField.m_uiOffset + 4, uiRevision >= 4 ? 0x0F : 0, aui8Limits[4]);
+        Put(oField.m_uiOffset + 5, CBytes(aui8Limits.begin() + 5, aui8Limits.begin() + 10));
+        Put(oField.m_uiOffset + 12, uiPrecision, aui8Limits[12]);
     }
 
     // The image size stays, and the stereo viewing unless it is cleared; borders are 0, and the syncs are separate

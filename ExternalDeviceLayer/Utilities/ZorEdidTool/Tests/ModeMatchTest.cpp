@@ -14,6 +14,15 @@
 #include "PageParts.h"
 #include "SharedFiles.h"
 
+// GCC and clang have different names for it.
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ZOR_TEST_UNDER_ASAN 1
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define ZOR_TEST_UNDER_ASAN 1
+#endif
+
 namespace
 {
 // 1920 x 1080 at 60 Hz as detailed timing with this clock, "F4 39" for 148.36 MHz, or none, and video codes.
@@ -253,7 +262,7 @@ std::set<COptionValue> ListEdits(const CImageModes& oModes)
 // Of each edit at each number over sixty images. An image that several edits make is compared once.
 TEST_F(ComparedImages, CompareAndPageNameTheSameModesOfEachEdit)
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef ZOR_TEST_UNDER_ASAN
     constexpr size_t uiMostImages = 20; // each takes five times as long
 #else
     constexpr size_t uiMostImages = 60;

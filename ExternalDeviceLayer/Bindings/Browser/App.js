@@ -161,7 +161,8 @@
     start.hidden = !what;
     one("#open").setAttribute("aria-expanded", String(what === "start"));
     one("#compare").setAttribute("aria-expanded", String(what === "compare"));
-    one("#heading").textContent = what === "compare" ? "Compare with which image?" : "What does a monitor say about itself?";
+    one("#heading").textContent =
+        what === "compare" ? "Compare with which image?" : "What does a monitor say about itself?";
     const others = what === "compare" && sides[0].images.length > 1;
     one("#others").hidden = !others;
     one("#two").hidden = what === "compare";

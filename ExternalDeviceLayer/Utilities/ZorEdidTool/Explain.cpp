@@ -264,8 +264,8 @@ std::string JoinBlanks(const std::string& sText)
     return sJoined.substr(0, sJoined.find_last_not_of(' ') + 1);
 }
 
-// What goes from one column of a line into another, such as a whole line, "block 0 17" or "78 Gamma: 2.20". Nothing
-// but digits with one blank between them is bytes by themselves.
+// What goes from one column of a line into another, such as a whole line, "block 0 17" or "03 Revision". Nothing but
+// digits with one blank between them is bytes by themselves.
 bool HasColumns(const std::vector<std::string>& asColumns, const std::string& sPart)
 {
     std::string sLine;

@@ -262,7 +262,8 @@ std::string ParseAddedMode(const CTexts& asFields, SAddedMode& oAdded)
     oAdded.m_oWished = sAsked.empty() ? oWanted : oAdded.m_oWished;
     if (!FindTiming(oWanted, sAsked, oAdded.m_oMode))
     {
-        return (sAsked.empty() ? "no table and no formula" : sAsked) + " has no timing for " + asFields[0];
+        return sAsked.empty() ? "no table and no formula has a timing for '" + asFields[0] + "'"
+                              : sAsked + " has no timing for '" + asFields[0] + "'";
     }
     return "";
 }

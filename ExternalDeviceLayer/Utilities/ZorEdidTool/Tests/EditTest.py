@@ -158,12 +158,12 @@ class Edits(unittest.TestCase):
                  "the mode"),
                 (cea("421061" "e20f06"), "--add cta.video=1f",
                  "meaning of other parts, such as YCbCr 4:2:0 capability map data block > Place without a video code"),
-                (cea("421061" "e20f02"), "--remove-part cta.video.descriptor[0]", "meaning of other parts, such as YCbCr 4:2:0 capability "
-                 "map data block > Video code 97, 3840x2160p 59.94/60 Hz 16:9"),
+                (cea("421061" "e20f02"), "--remove-part cta.video.descriptor[0]",
+                 "meaning of other parts, such as YCbCr 4:2:0 capability map data block > Video code 97, 3840x2160p 59.94/60 Hz 16:9"),
                 (cea("429004" "6e030c001000004420c00400018002"), "--remove-part cta.video.descriptor[1]",
                  "meaning of other parts, such as 3D_MASK > Video code 4, 1280x720p 59.94/60 Hz 16:9"),
-                (cea("421061" "e20f02"), "--set cta.video.vic[1]=31", "meaning of other fields, such as YCbCr 4:2:0 capability map data block > "
-                 "Video code 97, 3840x2160p 59.94/60 Hz 16:9; raw: writes it nonetheless"),
+                (cea("421061" "e20f02"), "--set cta.video.vic[1]=31",
+                 "meaning of other fields, such as YCbCr 4:2:0 capability map data block > Video code 97, 3840x2160p 59.94/60 Hz 16:9; raw: writes it nonetheless"),
                 (IMAGE, "--remove 1680x1050@75", "of this size it has 1680x1050@59.95"),
                 (IMAGE, "--remove 1280x720@59.9", "no 1280x720@59.9; of this size it has 1280x720@60, 1280x720@50, "
                  "1280x720@59.94"),

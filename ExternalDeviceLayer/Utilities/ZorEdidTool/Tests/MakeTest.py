@@ -307,7 +307,9 @@ class Wishes(unittest.TestCase):
                              ('{"name": {}}', "name: an object"), ('{"name": ["a"]}', "name: a list"), ("[]", "a list"),
                              ('{"name": null}', "expected a text"), ('{"name": 7}', "name: expected a text"),
                              ('{"product": "7"}', "product: expected a number"), ('{"ycbcr420": "no"}', "expected true or false"),
-                             ('{"modes": [1]}', "modes: expected a text"), ('{"name": "a\\u0000b"}', "name: has a character"), ('{"size": "big"}', "--size: 'big' is not a size"),
+                             ('{"modes": [1]}', "modes: expected a text"),
+                             ('{"name": "a\\u0000b"}', "name: has a character"),
+                             ('{"size": "big"}', "--size: 'big' is not a size"),
                              ('{"profile": "none"}', "unknown profile 'none'"), ("{} {}", "more than one document"),
                              ("", "is empty"), ('{"modes": [', "")):
             with self.subTest(text):

@@ -161,7 +161,7 @@ std::string SetHdr(const std::string& sValue, SZorEdidWishes& oWishes)
         const std::string sNumber = uiEquals < sPart.size() ? sPart.substr(uiEquals + 1) : "";
         if (!sNumber.empty() && std::ranges::count(asParts, sName, fnGetName) > 1)
         {
-            return "'" + sValue + "' has " + sName + " twice";
+            return FormatText("'%s' has %s twice", sValue.c_str(), sName.c_str());
         }
         const bool bGood = sPart == "pq"      ? (oWishes.m_bPq = true)
                            : sPart == "hlg"   ? (oWishes.m_bHlg = true)

@@ -247,18 +247,28 @@ private:
     // the clock, and its precision with CVT can have changed.
     void ExpectLimits(const CField& oField, const SLimits& oLimits)
     {
-        CBytes aui8Limits(m_aui8Expected.begin() + oField.m_uiOffset,
-                          m_aui8Expected.begin() + oField.m_uiOffset + oField.m_uiLength);
+        using namespace ZorStandards::Descriptors;
+        unsigned char* pui8Expected = m_aui8Expected.data() + oField.m_uiOffset;
+        CBytes aui8Limits(pui8Expected, pui8Expected + oField.m_uiLength);
         const unsigned int uiRevision = ZorStandards::BaseBlock::ReadRevision(m_aui8Expected.data());
         if (!WriteLimits(aui8Limits.data(), uiRevision, oLimits) ||
-            ZorStandards::Descriptors::ReadRangeLimits(aui8Limits.data(), uiRevision) != oLimits)
+            ReadRangeLimits(aui8Limits.data(), uiRevision) != oLimits)
         {
             return;
         }
-        const unsigned int uiPrecision = uiRevision >= 4 && aui8Limits[10] == 4 ? 0xFC : 0;
-        Put(oField.m_uiOffset + 4, uiRevision >= 4 ? 0x0F : 0, aui8Limits[4]);
-        Put(oField.m_uiOffset + 5, CBytes(aui8Limits.begin() + 5, aui8Limits.begin() + 10));
-        Put(oField.m_uiOffset + 12, uiPrecision, aui8Limits[12]);
+        const bool bRevision4 = uiRevision >= ZorStandards::BaseBlock::gsc_uiVideoInputRevision;
+        const bool bCvt = bRevision4 && gsc_oFormula.Read(pui8Expected) == gsc_uiCvtFormula;
+        const auto fnTake = [&](const ZorStandards::SPlace& oPlace, bool bMayChange) {
+            oPlace.Write(pui8Expected, oPlace.Read(bMayChange ? aui8Limits.data() : pui8Expected));
+        };
+        for (const SRatePlaces& oRates : { gsc_oVerticalRates, gsc_oHorizontalRates })
+        {
+            fnTake(oRates.m_oMinimum, true);
+            fnTake(oRates.m_oMaximum, true);
+            fnTake(oRates.m_oOffsets, bRevision4);
+        }
+        fnTake(gsc_oMaxPixelClock, true);
+        fnTake(gsc_oClockPrecision, bCvt);
     }
 
     // The image size stays, and the stereo viewing unless it is cleared; borders are 0, and the syncs are separate
